@@ -1,0 +1,41 @@
+# What finds the installed library: find_package(ZrSupplyDatabase) gives ZrSupplyDatabase::ZrSupplyDatabase, and
+# pkg-config knows zrsupplydatabase. Both work from wherever the prefix is moved to.
+include(CMakePackageConfigHelpers)
+
+set(zr_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ZrSupplyDatabase)
+
+install(EXPORT ZrSupplyDatabaseTargets
+    NAMESPACE ZrSupplyDatabase::
+    DESTINATION ${zr_package_dir})
+
+configure_package_config_file(
+    ${CMAKE_CURRENT_LIST_DIR}/ZrSupplyDatabaseConfig.cmake.in
+    ${CMAKE_CURRENT_BINARY_DIR}/ZrSupplyDatabaseConfig.cmake
+    INSTALL_DESTINATION ${zr_package_dir})
+write_basic_package_version_file(
+    ${CMAKE_CURRENT_BINARY_DIR}/ZrSupplyDatabaseConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+install(FILES
+    ${CMAKE_CURRENT_BINARY_DIR}/ZrSupplyDatabaseConfig.cmake
+    ${CMAKE_CURRENT_BINARY_DIR}/ZrSupplyDatabaseConfigVersion.cmake
+    DESTINATION ${zr_package_dir})
+
+# Relative to the .pc file's own folder; folders that were given outside the prefix are written out.
+set(zr_pc_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+foreach(kind IN ITEMS LIBDIR INCLUDEDIR)
+    if(IS_ABSOLUTE "${CMAKE_INSTALL_${kind}}")
+        set(zr_pc_${kind} "${CMAKE_INSTALL_${kind}}")
+    else()
+        set(zr_pc_${kind} "\${prefix}/${CMAKE_INSTALL_${kind}}")
+    endif()
+endforeach()
+if(IS_ABSOLUTE "${zr_pc_dir}")
+    set(zr_pc_prefix "${CMAKE_INSTALL_PREFIX}")
+else()
+    file(RELATIVE_PATH zr_pc_up /prefix/${zr_pc_dir} /prefix)
+    string(REGEX REPLACE "/$" "" zr_pc_up "${zr_pc_up}")
+    set(zr_pc_prefix "\${pcfiledir}/${zr_pc_up}")
+endif()
+configure_file(${CMAKE_CURRENT_LIST_DIR}/zrsupplydatabase.pc.in
+    ${CMAKE_CURRENT_BINARY_DIR}/zrsupplydatabase.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zrsupplydatabase.pc DESTINATION ${zr_pc_dir})

@@ -1,0 +1,13 @@
+# zr_add_test(tst_name [SOURCES file...] [LIBRARIES target...] [ENVIRONMENT NAME=value...])
+# One Qt Test executable: tst_name.cpp, further sources, and the library under test.
+function(zr_add_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES;ENVIRONMENT")
+    add_executable(${name} ${name}.cpp ${arg_SOURCES})
+    zr_target(${name})
+    target_link_libraries(${name} PRIVATE ZrSupplyDatabase::ZrSupplyDatabase Qt6::Test ${arg_LIBRARIES} Qt6::Sql)
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT 600
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;${arg_ENVIRONMENT}")
+endfunction()

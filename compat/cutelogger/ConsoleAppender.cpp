@@ -1,0 +1,28 @@
+#include "ConsoleAppender.h"
+
+#include <iostream>
+
+using namespace Qt::Literals::StringLiterals;
+
+ConsoleAppender::ConsoleAppender()
+{
+    setFormat(u"[%{type:-7}] <%{function}> %{message}\n"_s);
+}
+
+QString ConsoleAppender::format() const
+{
+    const QString pattern = m_ignoresEnvironment ? QString() : qEnvironmentVariable("QT_MESSAGE_PATTERN");
+    return pattern.isEmpty() ? AbstractStringAppender::format() : pattern + u'\n';
+}
+
+void ConsoleAppender::ignoreEnvironmentPattern(bool ignore)
+{
+    m_ignoresEnvironment = ignore;
+}
+
+void ConsoleAppender::append(const QDateTime &timeStamp, Logger::LogLevel level, const char *file, int line,
+                             const char *function, const QString &category, const QString &message)
+{
+    // One text, one insertion: lines of several threads do not mix.
+    std::cerr << formattedString(timeStamp, level, file, line, function, category, message).toStdString();
+}

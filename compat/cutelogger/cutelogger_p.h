@@ -1,0 +1,8 @@
+#pragma once
+
+namespace CuteLoggerPrivate {
+
+// True while the calling thread is in some appender's append().
+bool insideAppend();
+
+} // namespace CuteLoggerPrivate

@@ -1,0 +1,12 @@
+#include <QCoreApplication>
+#include <QTextStream>
+#include <zrsupplydatabase.h>
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    ZrSupplyDatabase supplies;
+    supplies.setup(application.arguments().value(1));
+    QTextStream(stdout) << supplies.supplyMaterialName("00144463") << ", " << supplies.supplyWidth("00144463")
+                        << " inches, stripe " << supplies.supplySecColorName("00144463") << '\n';
+}
