@@ -6,7 +6,8 @@
 -- a SKU that starts with zeros finds its row through the index. Tables that are read by their whole key are
 -- WITHOUT ROWID: the key is the table, one descent finds the row.
 --
--- Keys are NOT NULL. Every other column may be NULL, which a lookup converts to 0, 0.0 or an empty text.
+-- Keys are NOT NULL. Every other column may be NULL. A NULL that is read becomes 0, 0.0 or an empty text (the colour
+-- of a roll or stripe: -1), a NULL in a joining column finds no row.
 -- Comments here hold no semicolon, so that a reader may split the file into statements at semicolons.
 
 PRAGMA page_size = 4096;
@@ -155,7 +156,7 @@ CREATE TABLE ribbon_colorTS (
 -- Indexes
 -- build-catalogue applies everything from the line above on after the rows are loaded.
 
--- Both questions about a supply id are answered from this index alone: it orders the SKUs of one id by length,
+-- Both questions about a supply id are answered without touching roll: it orders the SKUs of one id by length,
 -- the shorter first and the smaller on a tie, and carries the machine family join.
 CREATE INDEX roll_supplyId ON roll (supplyId, length(itemNum), itemNum, materialWidthId);
 -- The list of offered SKUs goes from the rows of the offered families to their rolls.

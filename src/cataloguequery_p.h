@@ -7,15 +7,13 @@
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlQuery>
 
-/// A fresh handle to the catalogue, opened once more where it is registered but closed. No handle is kept between
-/// calls.
+/// A fresh handle to the catalogue, opened once more where it is registered but closed. None is kept between calls.
 inline QSqlDatabase catalogueConnection()
 {
     return QSqlDatabase::database(supply::connectionName(), true);
 }
 
-/// Runs `statement` on the catalogue and hands every row to `visit`, in the catalogue's order; none when it is
-/// closed.
+/// Runs `statement` and hands every row to `visit`, in the catalogue's order; no row when the catalogue is closed.
 template <typename Visit>
 void forEachCatalogueRow(QLatin1StringView statement, Visit visit)
 {

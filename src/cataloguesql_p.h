@@ -26,7 +26,7 @@ inline constexpr auto rollLength = "SELECT materialwidth.length FROM roll INNER 
 inline constexpr auto rollBackground = "SELECT background.svg FROM roll INNER JOIN background ON roll.backgroundId=background.id WHERE itemNum='%1'"_L1;
 inline constexpr auto rollColorNameEn = "SELECT color.name FROM roll INNER JOIN color ON roll.colorId=color.id WHERE itemNum='%1'"_L1;
 
-// Rolls by SKU, stripe of continuous media. 1 = roll SKU
+// Rolls by SKU, stripe of continuous media (stripeWidth also _rolltype.cpp). 1 = roll SKU
 inline constexpr auto stripeWidth = "SELECT secColorWidth FROM continuousstripe WHERE itemNum='%1'"_L1;
 inline constexpr auto stripeRgb = "SELECT color.rgbValue FROM continuousstripe INNER JOIN color ON continuousstripe.secColorId=color.secId WHERE itemNum='%1'"_L1;
 inline constexpr auto stripeColorNameEn = "SELECT color.name FROM continuousstripe INNER JOIN color ON continuousstripe.secColorId=color.secId WHERE itemNum='%1'"_L1;
@@ -49,7 +49,8 @@ inline constexpr auto rollSensor = "SELECT roll.supplysensorId FROM roll INNER J
 inline constexpr auto colorRgb = "SELECT color.rgbValue FROM color WHERE color.id='%1'"_L1;
 inline constexpr auto secColorRgb = "SELECT color.rgbValue FROM color WHERE color.secId='%1'"_L1;
 
-// Codes to localised names (_rolls.cpp; formatName also _rolltype.cpp). 1 = code, 2 = language
+// Codes to localised names (_rolls.cpp; formatName also _rolltype.cpp). 1 = code, 2 = language: two numbers, so that both
+// forms of filling give the same
 inline constexpr auto colorName = "SELECT colorTS.name FROM colorTS WHERE colorTS.colorId='%1' AND colorTS.languageId='%2'"_L1;
 inline constexpr auto secColorName = "SELECT colorTS.name FROM color INNER JOIN colorTS ON color.id=colorTS.colorId WHERE color.secId='%1' AND colorTS.languageId='%2'"_L1;
 inline constexpr auto materialName = "SELECT materialTS.name FROM materialTS WHERE materialTS.materialId='%1' AND materialTS.languageId='%2'"_L1;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tag/tagrules_p.h"
+
 #include <QtCore/QString>
 
 /// The words and numbers that have a meaning to hosts, to the catalogue or to the printer.
@@ -57,11 +59,12 @@ inline constexpr double inchesPerFoot = 12.0;
 inline constexpr double inchesPerSixteenth = 0.0625;
 
 // Installed supplies
-inline constexpr qsizetype tagDigits = 24;      // what the tag decoder reads of a supply id
-inline constexpr qsizetype supplyIdDigits = 20; // what identifies a roll in the catalogue
-inline constexpr int ownTypeRevision = 2;       // from this tag revision on the tag carries type index and multi-up
+inline constexpr qsizetype tagDigits = tagrules::digits;               // what the tag decoder reads of a supply id
+inline constexpr qsizetype supplyIdDigits = 20;                        // what identifies a roll in the catalogue
+inline constexpr int ownTypeRevision = tagrules::firstMultiUpRevision; // from here on a tag carries its own type
 inline constexpr int ribbonTagLengthInches = 4725;
 inline constexpr qsizetype ribbonCount = 2;
+inline constexpr qsizetype listedPanelCount = 2; // what lists of one ribbon cover
 inline constexpr int firstPanel = 1;
 inline constexpr int secondPanel = 2;
 inline constexpr int englishLanguageId = 0;
@@ -79,6 +82,6 @@ inline constexpr double narrowSeparatorInches = 0.15;
 
 // Ribbon and roll combination
 inline constexpr double narrowRibbonInches = 4.5; // a ribbon below this is narrow
-inline constexpr double wideRollInches = 4.0;     // a roll above this needs a ribbon that is not
+inline constexpr double wideRollInches = 4.0;     // a roll above this needs a ribbon that is not narrow
 
 } // namespace supply

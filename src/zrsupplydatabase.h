@@ -21,13 +21,17 @@ extern ZRSUPPLYDATABASE_EXPORT const QString unsetString;
 ///
 /// Where things are (index range in the meta-object -> source file):
 ///
-///     0-18     signals                                         (moc)
-///     19-22    catalogue lists                                 _rolltype.cpp 19, _ribbons.cpp 20 and 22, _rolls.cpp
-///     21 23-38    what is installed                               zrsupplydatabase.cpp 39-84    roll attributes
-///     _rolls.cpp; type, format and length _rolltype.cpp 85-109   ribbon geometry, colours, print parameters
-///     _ribbons.cpp 110-111  setup                                           _catalogue.cpp 112-121  setters
-///     zrsupplydatabase.cpp; those that announce _installed.cpp 122-139  private slots: refreshing the installed
-///     state   _installed.cpp 140-144  private slots: checks                           _checks.cpp
+///     0-18     signals                                 moc
+///     19-22    catalogue lists                         _rolltype.cpp, _ribbons.cpp, _rolls.cpp
+///     23-38    what is installed                       zrsupplydatabase.cpp
+///     39-84    roll attributes                         _rolls.cpp
+///              type, format and length among them      _rolltype.cpp
+///     85-109   ribbon geometry, colours, parameters    _ribbons.cpp
+///     110-111  setup                                   _catalogue.cpp
+///     112-121  setters that only store                 zrsupplydatabase.cpp
+///              setters that announce                   _installed.cpp
+///     122-139  private slots: refreshing the state     _installed.cpp
+///     140-144  private slots: checks                   _checks.cpp
 ///
 /// Hosts call by name and by index, so the order of signals and slots, their parameter names and their defaults are
 /// interface: never sort, move or insert one. `tests/data/metamethods.tsv` is the list they are held to.
@@ -35,7 +39,7 @@ extern ZRSUPPLYDATABASE_EXPORT const QString unsetString;
 /// What holds for every lookup:
 /// - It costs the stated queries afresh; nothing is cached and nothing is logged.
 /// - It answers its *default* when the catalogue is closed, the statement fails or no row matches. A row that holds
-///   NULL answers the converted null instead: 0, 0.0, false or an empty text. "NULL:" is noted where this differs.
+///   NULL answers the converted null instead: 0, 0.0 or an empty text. "NULL:" is noted where this differs.
 /// - An *unknown roll* is the SKU "UnknownSupply" (this exact case). For it and for an empty SKU the roll lookups
 ///   answer from the installed roll's tag without a query; "Empty:" is noted where this differs.
 /// - Arguments go into the SQL text as they stand, without escaping; an unescaped quote makes the statement fail.
@@ -50,14 +54,15 @@ public:
     /// Removes the connection "SUPPLY_INFO_QT_SQL_CONNECTION_NAME", whichever name `setup()` was given.
     ~ZrSupplyDatabase() override;
 
-    /// Sets the members to their unset values ("-1", -1, -1.0; language 0) and emits nothing.
-    /// Each call appends two more "-1" to the ribbon SKUs and to both colour lists; it does not clear them.
+    /// Sets the members to their unset values ("-1", -1, -1.0; language 0) and emits nothing. Each call appends two
+    /// more "-1" to the ribbon SKUs and to both colour lists; it does not clear them. The last tag's revision, flags,
+    /// length in feet, English colour names, revision 1 format and multi-up values stay.
     void init();
 
     // Query primitive and conversions (_catalogue.cpp)
 
-    /// First column of the first row of `query`, as it stands; `defaultValue` on a closed catalogue, failure or no
-    /// row.
+    /// First column of the first row of `query`, as it stands; `defaultValue` without one: a closed catalogue, a
+    /// failed statement, no row.
     QVariant getSingleVariantByQuery(QString query, QVariant defaultValue);
     /// Each entry converted to int (floating point truncated toward zero), then to decimal text; "0" where it is no
     /// number. As many entries as `list`.
@@ -73,11 +78,11 @@ public:
 
     // Codes to names and colours (_rolls.cpp)
 
-    /// `color.rgbValue`, packed RGB, by primary colour code; -1 when absent. NULL: 0.
+    /// `color.rgbValue`, packed RGB, by primary colour code; -1 when absent.
     int getColorRGBFromEnum(int colorEnum);
     /// `colorTS.name` by primary colour code, in English or in the current language; the text "-1" when absent.
     QString getColorNameFromEnum(int colorEnum, bool english);
-    /// `color.rgbValue`, packed RGB, by secondary colour code; -1 when absent. NULL: 0.
+    /// `color.rgbValue`, packed RGB, by secondary colour code; -1 when absent.
     int getSecColorRGBFromEnum(int secColorEnum);
     /// `colorTS.name` by secondary colour code, in English or in the current language; the text "-1" when absent.
     QString getSecColorNameFromEnum(int secColorEnum, bool english);
@@ -88,12 +93,13 @@ public:
 
     // Classification (_rolls.cpp, _rolltype.cpp)
 
-    /// `materialwidth.length`: feet of continuous media, labels of die-cut media; -1 when absent. Empty: looked up.
+    /// `materialwidth.length`: feet of continuous media, labels of die-cut media; -1 when absent. Empty and
+    /// "UnknownSupply": looked up.
     int getSupplyLength(QString sku);
     /// `noncontinuous.formatId`; 1 when absent. Empty and "UnknownSupply": looked up.
     int supplyFormatFromTable(QString sku);
-    /// Type index of a die-cut roll of this format: 2, or 3 and 4 by separator width and printer model; -1 when the
-    /// format or the roll's material is -1. `printerName` is searched for model names, whatever their case.
+    /// Type index of a die-cut roll of this format: 2, or 3 and 4 by separator width and printer model; else -1 when
+    /// the format or the roll's material is -1. `printerName` is searched for model names, whatever their case.
     int supplyGetTypeSpecialCase(QString sku, int format, QString printerName);
 
     // Supply identity (_installed.cpp)
@@ -106,8 +112,9 @@ public:
     /// Asks the catalogue and answers false on every path: what is compared is a column's position, not the count.
     bool isSupplyIdShared();
 
-    // Announced on every call of the operation that ends in them, also when nothing changed. Fractions: 1.0 is a full
-    // supply, -1.0 unknown, not clamped. RGBs: decimal text of a packed RGB, "-1" unknown.
+    // State changes are announced on every call, also when nothing changed; an alert only when something is wrong,
+    // the tensions only with two ribbons. Fractions: 1.0 is a full supply, -1.0 unknown, not clamped. RGBs: decimal
+    // text of a packed RGB, "-1" unknown.
 Q_SIGNALS:                                          // 0-18
     void supplyPercentChanged(double percent);      ///< Remaining fraction of the roll.
     void ribbon1PercentChanged(double percent);     ///< Remaining fraction of ribbon 1.
@@ -163,9 +170,9 @@ public Q_SLOTS:
 
     // 39-84  roll attributes by SKU (_rolls.cpp; 39-41, 51-52, 57-62 _rolltype.cpp)
 
-    /// Layout class: 1 continuous, 2 die-cut, 3 and 4 special die-cut; from a tag of revision 2 or more also others.
-    /// -1 when it cannot be classified. Beyond the label length a catalogue roll is judged by the *installed* roll's
-    /// rows. `printerName` is searched for model names, whatever their case. Empty: -1.
+    /// Layout class: 1 continuous, 2 die-cut, 3 and 4 special die-cut, 0 for an unknown roll whose tag (revision 0 or
+    /// 1) has format 0; -1 when it cannot be classified. Beyond the label length a catalogue roll is judged by the
+    /// *installed* roll's rows. `printerName` is searched for model names, whatever their case. Empty: -1.
     int supplyTypeIndex(QString sku = QString(), QString printerName = QString());
     /// `supplysensor.id` by `supplysensortype`; -1 when absent. Empty: looked up.
     int supplySensorId(QString name);
@@ -178,7 +185,7 @@ public Q_SLOTS:
     /// `color.name` (English) of the stripe; empty when absent. Tag: by `secColorEnum`.
     QString supplySecColorNameEn(QString sku = QString());
     /// Full length, inches: feet x 12 of continuous media, labels x (label + separator) of die-cut media; of types 3
-    /// and 4 the count x 12. Absent: -1.0, or -12.0 while the installed roll is of type 3 or 4. Tag: `lengthFeet`.
+    /// and 4 the count x 12. Absent: -1.0, or -12.0 where `supplyTypeIndex()` of it is 3 or 4. Tag: `lengthFeet`.
     double supplyLength(QString sku = QString());
     /// `materialwidth.materialId`; -1 when absent. Tag: `materialEnum`.
     int supplyMaterial(QString sku = QString());
@@ -188,8 +195,9 @@ public Q_SLOTS:
     /// 1, else `formatEnum`) for an unknown roll, and for every roll once the tag's revision is 1 or more.
     int supplyFormat(QString sku = QString());
     /// `formatTS.name` of `supplyFormat()` in the current language; empty when absent. Empty: the installed SKU.
+    /// "UnknownSupply": by the tag's code, which costs the query.
     QString supplyFormatName(QString sku = QString());
-    /// `format.type` of `supplyFormat()`; empty when absent. Empty: the installed SKU.
+    /// `format.type` of `supplyFormat()`; empty when absent. Empty: the installed SKU. "UnknownSupply": as above.
     QString supplyFormatType(QString sku = QString());
     /// `color.rgbValue`, packed RGB; -1 when absent. NULL: -1. Tag: by `colorEnum`.
     int supplyColorRGB(QString sku = QString());
@@ -229,19 +237,18 @@ public Q_SLOTS:
     /// the special ribbons.
     QString supplyRibbonColorName(QString ribbonSku, int panel = 1);
     /// `ribbon_color.rgbValue` of a panel (from 1), packed RGB; -1 when absent and, without a query, for the special
-    /// ribbons. NULL: 0.
+    /// ribbons.
     int supplyRibbonColorRGB(QString ribbonSku, int panel = 1);
 
-    // 92-95  print parameters of a panel (from 1) on the roll's material, from `ribbon_heat`; each costs the
-    // material's
-    //        query, then its own (_ribbons.cpp). -1 when absent, for a special ribbon (no query), and when the
-    //        material is -1. Empty supply SKU and "UnknownSupply": the material of the tag.
+    // 92-95  print parameters of a panel (from 1) on the roll's material, from `ribbon_heat` (_ribbons.cpp)
+    //        Each costs the material's query, then its own. -1 when absent, for a special ribbon (no query), and when
+    //        the material is -1. Empty supply SKU and "UnknownSupply": the tag's material, which costs no query.
 
     /// `ribbon_heat.heat`, in the printer's own steps.
     int supplyRibbonHeat(QString ribbonSku, int panel, QString supplySku);
     /// `ribbon_heat.max_offset`, the largest heat offset, in the printer's own steps.
     int supplyRibbonHeatOffset(QString ribbonSku, int panel, QString supplySku);
-    /// `ribbon_heat.max_speed`, in the printer's own steps.
+    /// `ribbon_heat.max_speed`, the fastest print speed, millimetres a second.
     int supplyRibbonMaxSpeed(QString ribbonSku, int panel, QString supplySku);
     /// `ribbon_heat.tension`, in the printer's own steps.
     int supplyRibbonTension(QString ribbonSku, int panel, QString supplySku);
@@ -279,7 +286,7 @@ public Q_SLOTS:
 
     // 112-121  setters: 112, 113 and 116-118 only store (zrsupplydatabase.cpp), the others announce (_installed.cpp)
 
-    void setLanguageId(int languageId); ///< Language of the localised names from now on; 0 is English.
+    void setLanguageId(int languageId); ///< Language of the localised names until a reset; 0 is English.
     void setSupplySKU(QString sku);     ///< Stores the roll's SKU and nothing else.
     /// Takes a roll in by the hexadecimal digits of its tag (24 are decoded, 20 identify the roll); "-1" resets.
     /// Emits `supplyChangedSignal` (not for a tag of revision 2 or more, which leaves the SKU as it was),
@@ -312,7 +319,7 @@ private Q_SLOTS: // for hosts that call by name
     void updateRibbon1Percent();                 ///< Ribbon 1: the same.
     void updateRibbon2Percent();                 ///< Ribbon 2: the same.
     void updateSupplyRGB();                      ///< The roll's colour from its tag; emits it.
-    void updateRibbon1RGBs();                    ///< Panel colours of ribbon 1, two "-1" unless two SKUs; emits them.
+    void updateRibbon1RGBs();                    ///< Panel colours of ribbon 1; its first two "-1" unless two SKUs.
     void updateRibbon2RGBs();                    ///< Ribbon 2: the same.
     void updateCachedSupplyCData(QString trimmedId); ///< Decodes a tag into the members; emits nothing.
     void updateRibbon1Type();                        ///< Type of ribbon 1, kept unless two SKUs; emits it.
@@ -327,7 +334,7 @@ private Q_SLOTS: // for hosts that call by name
     void checkRibbonTensions();    ///< Emits the tensions, or nothing unless there are two ribbons.
 
 private:
-    // Order and types are fixed; "tag" members are filled by updateCachedSupplyCData().
+    // Order and types are fixed.
     QString m_supplySKU;
     QList<QString> m_supplyRibbonSKUs;
     double m_supplyLength = 0.0;  // inches
@@ -348,16 +355,17 @@ private:
     QList<QString> m_supplyRibbon2RGBs;
     QString m_ribbon1Type;
     QString m_ribbon2Type;
-    int m_supplyTagLength = 0; // tag, feet
+    // From here to the label length: what the last tag says, filled by updateCachedSupplyCData().
+    int m_supplyTagLength = 0; // feet
     bool m_supplyTagFlagBit9 = false;
     bool m_supplySwiftLift = false;
-    double m_supplySecColorWidth = 0.0; // tag, inches
+    double m_supplySecColorWidth = 0.0; // inches
     int m_supplySecColorRGB = 0;
     QString m_supplySecColorName;
     QString m_supplySecColorNameEn;
     bool m_supplyTagFlagBit25 = false;
     int m_supplyLengthFeet = 0;
-    double m_supplyCachedLength = 0.0; // tag, inches
+    double m_supplyCachedLength = 0.0; // inches
     int m_supplyMaterial = 0;
     QString m_supplyMaterialName;
     int m_supplyFormat = 0;
@@ -365,17 +373,18 @@ private:
     int m_supplyColorRGB = 0;
     QString m_supplyColorName;
     QString m_supplyColorNameEn;
-    double m_supplyWidth = 0.0; // tag, inches
+    double m_supplyWidth = 0.0; // inches
     int m_supplyTagRevision = 0;
     bool m_supplyTagFlagBit72 = false;
     bool m_supplyTagFlagBit73 = false;
     int m_supplyFormatRev1 = 0;
     int m_supplyMultiUpCount = 0;
-    double m_supplyMultiUpGapSize = 0.0; // tag, inches
+    double m_supplyMultiUpGapSize = 0.0; // inches
     int m_supplyTypeIndex = 0;
     bool m_supplyIsLandscape = false;
-    double m_supplySeparatorWidth = 0.0;      // tag, inches
-    double m_supplyNonContinuousLength = 0.0; // tag, inches
+    double m_supplySeparatorWidth = 0.0;      // inches
+    double m_supplyNonContinuousLength = 0.0; // inches
+    // The host's
     int m_languageId = 0;
 
 private:

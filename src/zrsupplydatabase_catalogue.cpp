@@ -5,15 +5,18 @@
 
 #include <Logger.h>
 
+#include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlError>
+#include <QtSql/QSqlQuery>
 
 #include <cmath>
+#include <utility>
 
 using namespace supply;
 
 namespace {
 
-/// The logging library renamed its accessor; the later versions define a macro of the new name.
+/// Later versions of the logging library, recognised by their macro `cuteLogger`, renamed the accessor.
 Logger *globalLog()
 {
 #ifdef cuteLogger

@@ -4,6 +4,8 @@
 #include "cataloguesql_p.h"
 #include "supplyconstants_p.h"
 
+#include <array>
+
 using namespace supply;
 
 enum class ZrSupplyDatabase::PrintParameter { Heat, HeatOffset, MaxSpeed, Tension };

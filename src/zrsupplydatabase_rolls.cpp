@@ -47,8 +47,7 @@ QString filled(const Localised &localised, const QString &sku)
     return QString(localised.statement).arg(sku).arg(localised.languageId);
 }
 
-/// The roll rule: the installed roll's tag answers for an empty SKU and for an unknown roll, the catalogue for any
-/// other.
+/// The roll rule: the installed roll's tag answers for an empty SKU and for an unknown roll, else the catalogue does.
 template <typename Statement, typename Result>
 Result rollAttribute(ZrSupplyDatabase &database, const QString &sku, const Statement &statement,
                      const QVariant &absent, Result (*convert)(const QVariant &), const Result &fromTag)

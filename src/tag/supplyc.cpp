@@ -1,6 +1,7 @@
 #include "supplyc.h"
 
 #include "taglayout_p.h"
+#include "tagrules_p.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QtEndian>
@@ -10,11 +11,9 @@
 
 namespace {
 
-constexpr qsizetype tagDigits = 24;
 constexpr int tagBytes = 12;
 constexpr int firstContinuousFormat = 1;
 constexpr int lastContinuousFormat = 2;
-constexpr int firstMultiUpRevision = 2;
 
 constexpr quint32 notADigit = 0x80;
 
@@ -54,7 +53,7 @@ Word parseDigits(const QChar *text, quint32 &strays)
 /// The general case: odd, short, foreign or misplaced characters, by Qt's rules; missing bytes are zero.
 TagBits bitsFromHex(const QString &tagHex)
 {
-    const QByteArray bytes = QByteArray::fromHex(tagHex.left(tagDigits).toLatin1());
+    const QByteArray bytes = QByteArray::fromHex(tagHex.left(tagrules::digits).toLatin1());
     uchar padded[tagBytes] = {};
     std::memcpy(padded, bytes.constData(), size_t(qMin<qsizetype>(bytes.size(), tagBytes)));
     return {qFromBigEndian<quint64>(padded), qFromBigEndian<quint32>(padded + sizeof(quint64))};
@@ -63,10 +62,10 @@ TagBits bitsFromHex(const QString &tagHex)
 /// What a reader delivers is 24 digits, and these need no intermediate text.
 TagBits tagBits(const QString &tagHex)
 {
-    if (tagHex.size() >= tagDigits) {
+    if (tagHex.size() >= tagrules::digits) {
         quint32 strays = 0;
         const auto head = parseDigits<quint64>(tagHex.constData(), strays);
-        const auto tail = parseDigits<quint32>(tagHex.constData() + 16, strays);
+        const auto tail = parseDigits<quint32>(tagHex.constData() + 2 * sizeof(quint64), strays);
         if (!(strays & notADigit))
             return {head, tail};
     }
@@ -117,7 +116,7 @@ void SupplyC::decode(const QString &tagHex)
     const TagBits bits = tagBits(tagHex);
     readFields<When::Always>(*this, bits);
 
-    const bool multiUp = tagRevision >= firstMultiUpRevision;
+    const bool multiUp = tagRevision >= tagrules::firstMultiUpRevision;
     if (multiUp) {
         readFields<When::MultiUp>(*this, bits);
         ++typeIndex; // carried minus 1

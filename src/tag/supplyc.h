@@ -6,8 +6,9 @@
 
 /// What a media roll's tag says: 24 hexadecimal digits, 96 bits, decoded into numbers and flags.
 ///
-/// Widths and lengths come in parts, whole inches and sixteenths of an inch. A new record holds the defaults below;
-/// decoding writes every field but `tagFlagBit11`, which is kept where the tag's layout does not carry it.
+/// Widths and lengths come in parts, whole inches and sixteenths of an inch. A new record holds the defaults below.
+/// Decoding writes every field but one: a non-continuous tag below revision 2 leaves `tagFlagBit11` as it was, and a
+/// continuous tag sets it to true.
 class ZRSUPPLYDATABASE_EXPORT SupplyC
 {
 public:
@@ -41,7 +42,7 @@ public:
     int multiUpCountCode = -1;              ///< Labels across, minus 1; 0 below revision 2.
     int multiUpGapCode = -1;                ///< Gap between labels across, sixteenths of an inch, minus 1.
     int typeIndex = -1;                     ///< Type index from revision 2 on, else the format code.
-    bool tagFlagBit11 = true;               ///< Landscape. Deliberate: true where the layout does not carry it.
+    bool tagFlagBit11 = true;               ///< Landscape; see above. Deliberate: true until read.
     int separatorWidthCode = -1;            ///< Gap between labels, sixteenths, minus 1; 0 if continuous.
     int nonContinuousLengthSixteenths = -1; ///< Label length, sixteenths part; 0 if continuous.
     int nonContinuousLengthInches = -1;     ///< Label length, whole inches; 0 if continuous.
