@@ -63,7 +63,6 @@ private Q_SLOTS:
     void nullIsNotTheDefault();
     void nullNoRowFailureAndClosedApart();
     void asksOnceAndExactly();
-    void argumentsAreNotChanged();
     void textList_data();
     void textList();
     void textListOfMany();
@@ -235,20 +234,6 @@ void TestQueryPrimitive::asksOnceAndExactly()
     database.feetToInches(1.0);
     database.mileageToPercentage(1, 2.0, 3.0);
     QCOMPARE(texts, queries);
-}
-
-void TestQueryPrimitive::argumentsAreNotChanged()
-{
-    const FixtureCatalogue catalogue;
-    ZrSupplyDatabase database;
-    QVERIFY(database.setup(catalogue.path()));
-    const QVariant given(u"default"_s);
-    QVariant answer = database.getSingleVariantByQuery(u"SELECT 1 WHERE 0"_s, given);
-    answer = 1;
-    QCOMPARE(given, QVariant(u"default"_s));
-    const QVariantList list = {1.9, u"abc"_s};
-    database.getStringListFromVariantList(list);
-    QCOMPARE(list, QVariantList({1.9, u"abc"_s}));
 }
 
 void TestQueryPrimitive::textList_data()

@@ -16,6 +16,8 @@ class SupplyReset : public QObject
 
 private Q_SLOTS:
     void resetClearsTheRoll();
+    void resetForgetsAStripe();
+    void unsetWithoutAReset();
     void resetAppendsToTheLists();
     void revisionSurvivesAReset();
     void plainSettersAreSilent();
@@ -50,6 +52,34 @@ void SupplyReset::resetClearsTheRoll()
     QCOMPARE(database.supplySupplyPercent(), -1.0);
     // The language is back to English.
     QCOMPARE(database.supplyColorName(u"CONT-4"_s), u"White (en)"_s);
+}
+
+void SupplyReset::resetForgetsAStripe()
+{
+    ZrSupplyDatabase database;
+    QVERIFY(database.setup(m_catalogue.path()));
+    database.setSupplyId(striped);
+    database.setSupplyId(u"-1"_s);
+    QCOMPARE(tagAnswers(database),
+             QStringList({u"base -12, length -1, width -1, stripe -1, label -1, separator -1, gap 0.1875"_s,
+                          u"across 1, landscape 1, swift 1, material -1, format -1, type -1 -1"_s,
+                          u"roll -1 <> <Blue (en)>, stripe -1 <> <Red (en)>"_s, u"material <>, announced -1"_s}));
+}
+
+void SupplyReset::unsetWithoutAReset()
+{
+    // A reset reads the length again; by itself init() has to unset it, or a reading would count against a gone roll.
+    ZrSupplyDatabase database;
+    QVERIFY(database.setup(m_catalogue.path()));
+    database.setSupplyId(striped);
+    database.setRibbonIds({u"12"_s, u"13"_s});
+    database.init();
+    SignalLog log(&database);
+    database.setSupplyMileage(0);
+    database.setRibbon1Mileage(0);
+    database.setRibbon2Mileage(0);
+    QCOMPARE(log.take(), QStringList({u"supplyPercentChanged(-1)"_s, u"ribbon1PercentChanged(-1)"_s,
+                                      u"ribbon2PercentChanged(-1)"_s}));
 }
 
 void SupplyReset::resetAppendsToTheLists()

@@ -12,8 +12,9 @@
 class ZRSUPPLYDATABASE_EXPORT SupplyC
 {
 public:
-    /// The defaults, then `decode(tagHex)`.
-    explicit SupplyC(const QString &tagHex);
+    /// The defaults, then `decode(tagHex)`. Deliberate: not explicit, so that a text stands for its tag.
+    // cppcheck-suppress noExplicitConstructor
+    SupplyC(const QString &tagHex);
 
     /// Back to the defaults; decodes nothing.
     void clear();

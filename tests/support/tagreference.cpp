@@ -7,6 +7,9 @@ namespace {
 constexpr int tagBits = 96;
 constexpr int tagCharacters = 24;
 
+const QStringList fourBits = {u"0000"_s, u"0001"_s, u"0010"_s, u"0011"_s, u"0100"_s, u"0101"_s, u"0110"_s, u"0111"_s,
+                              u"1000"_s, u"1001"_s, u"1010"_s, u"1011"_s, u"1100"_s, u"1101"_s, u"1110"_s, u"1111"_s};
+
 bool isContinuous(const TagRecord &record)
 {
     return record.formatEnum == 1 || record.formatEnum == 2;
@@ -36,7 +39,7 @@ QString TagReference::bitsOf(const QString &tagHex)
 
     QString bits;
     for (const QChar digit : digits)
-        bits.append(u"%1"_s.arg(QString(digit).toInt(nullptr, 16), 4, 2, QChar(u'0')));
+        bits.append(fourBits.at(QString(digit).toInt(nullptr, 16)));
     return bits.leftJustified(tagBits, u'0');
 }
 
@@ -50,7 +53,7 @@ QString TagReference::hexOf(const QString &bits)
 
 int TagReference::number(const QString &bits, int first, int width)
 {
-    return bits.mid(first, width).toInt(nullptr, 2);
+    return QStringView(bits).mid(first, width).toInt(nullptr, 2);
 }
 
 QString TagReference::withNumber(const QString &bits, int first, int width, int value)
