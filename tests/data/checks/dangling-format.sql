@@ -1,0 +1,2 @@
+-- fires: dangling-format tag-format
+UPDATE noncontinuous SET formatId = NULL WHERE itemNum = '00144617';

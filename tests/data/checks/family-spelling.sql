@@ -1,0 +1,2 @@
+-- fires: family-spelling
+UPDATE materialwidth SET machineId = 'hm 1' WHERE id = 50;

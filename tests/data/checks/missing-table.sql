@@ -1,0 +1,2 @@
+-- fires: missing-table statement-fails
+DROP TABLE supplysensor;

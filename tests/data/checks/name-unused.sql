@@ -1,0 +1,2 @@
+-- fires: name-unused
+INSERT INTO formatTS VALUES (60, 0, 'Booklet');

@@ -1,0 +1,2 @@
+-- fires: name-without-english
+DELETE FROM materialTS WHERE materialId = 2 AND languageId = 0;

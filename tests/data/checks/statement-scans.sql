@@ -1,0 +1,2 @@
+-- fires: statement-scans
+DROP INDEX ribbon_id;

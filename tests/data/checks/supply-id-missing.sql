@@ -1,0 +1,2 @@
+-- fires: supply-id-missing
+UPDATE roll SET supplyId = NULL WHERE itemNum = '00143228';

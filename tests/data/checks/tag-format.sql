@@ -1,0 +1,2 @@
+-- fires: tag-format
+UPDATE noncontinuous SET formatId = 54 WHERE itemNum = '00144617';

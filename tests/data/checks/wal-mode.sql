@@ -1,0 +1,2 @@
+-- fires: wal-mode
+PRAGMA journal_mode = WAL;

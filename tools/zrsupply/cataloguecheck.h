@@ -1,0 +1,24 @@
+#pragma once
+
+#include "command.h"
+
+#include <optional>
+
+namespace zrsupply {
+
+struct CatalogueTable
+{
+    QString name;
+    QStringList columns;
+};
+
+/// The tables and columns that the library reads.
+const QList<CatalogueTable> &catalogueTables();
+
+/// Why the file cannot serve as a catalogue, and what to do about it; nothing when it can.
+///
+/// To be asked before the library opens the file: the library answers a failed open with a log record and every
+/// failed statement with a default, neither of which tells a person what is wrong.
+std::optional<Failure> catalogueProblem(const QString &path);
+
+} // namespace zrsupply

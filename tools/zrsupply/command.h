@@ -1,0 +1,107 @@
+#pragma once
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonObject>
+#include <QtCore/QList>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+/// One row of the command table per verb. Parsing, --help, usage errors, `help --json`, man pages and completions all
+/// read these rows, so a verb says everything about itself here and nowhere else.
+namespace zrsupply {
+
+class Invocation;
+class Output;
+
+/// Exit status of the command.
+enum class Status { Ok = 0, Failed = 1, Usage = 2, NotFound = 3 };
+
+/// Ends a verb with an error on stderr. Thrown from anywhere below `Command::run`.
+struct Failure
+{
+    Status status = Status::Failed;
+    QString message;     ///< What is wrong, one sentence without a full stop.
+    QString remedy;      ///< What to do about it, one sentence without a full stop.
+    QJsonObject details; ///< Further members of the error object with --json.
+};
+
+/// What a word on the command line stands for: checked when parsing, offered by completions.
+enum class Value { None, Text, Integer, Choice, Hex, File, Folder, RollSku, RibbonSku, Language, Verb };
+
+enum class Need { Required, Optional, Any /* none or more */, Some /* one or more */ };
+
+struct Argument
+{
+    QString name; ///< In capitals, as shown in the usage line.
+    QString help;
+    Value value = Value::Text;
+    Need need = Need::Required;
+    QStringList choices = {}; ///< Of `Value::Choice`.
+};
+
+struct Option
+{
+    QString name; ///< Without dashes.
+    QString help;
+    Value value = Value::None; ///< `None`: a flag.
+    QString valueName = {};    ///< As shown in the usage line.
+    QStringList choices = {};  ///< Of `Value::Choice`.
+    QString group = {};        ///< Heading in --help, none for the verb's ordinary options.
+    QString letter = {};       ///< Short form, "o" for -o; most options have none.
+};
+
+struct Example
+{
+    QString commandLine; ///< Without the leading `zrsupply`.
+    QString says;
+};
+
+struct StatusUse
+{
+    Status status;
+    QString when;
+};
+
+struct Command
+{
+    QString path; ///< The words of the verb: "roll", "tag decode".
+    QString summary;
+    QString description; ///< Paragraphs, separated by an empty line.
+    QList<Argument> arguments;
+    QList<Option> options; ///< Beside `globalOptions()`.
+    QList<Example> examples;
+    QList<StatusUse> statuses;
+    Status (*run)(const Invocation &call, Output &out) = nullptr;
+};
+
+/// Every verb, in the order of --help.
+const QList<Command> &commandTable();
+/// What every verb takes beside its own options.
+const QList<Option> &globalOptions();
+/// What the first words of several verbs have in common ("tag"), for --help.
+QString groupSummary(const QString &group);
+
+const Command *findCommand(const QString &path);
+/// The verbs whose path begins with the word `group` and has more words; empty when there are none.
+QList<const Command *> commandsInGroup(const QString &group);
+
+// The rows, each in the file of its verb.
+Command demoCommand();      // verb_demo.cpp
+Command explainCommand();   // verb_explain.cpp
+Command catalogueBuildCommand(); // verb_catalogue_build.cpp
+Command catalogueDumpCommand(); // verb_catalogue_dump.cpp
+Command catalogueGenerateCommand(); // verb_catalogue_generate.cpp
+Command catalogueInfoCommand(); // verb_catalogue_info.cpp
+Command catalogueCheckCommand();  // verb_catalogue_check.cpp
+Command catalogueDiffCommand();   // verb_catalogue_diff.cpp
+Command catalogueReportCommand(); // verb_catalogue_report.cpp
+Command helpCommand();      // verb_help.cpp
+Command listCommand();      // verb_list.cpp
+Command replayCommand();    // verb_replay.cpp
+Command ribbonCommand();    // verb_ribbon.cpp
+Command rollCommand();      // verb_roll.cpp
+Command sessionCommand();   // verb_session.cpp
+Command tagDecodeCommand(); // verb_tag_decode.cpp
+Command tagEncodeCommand(); // verb_tag_encode.cpp
+
+} // namespace zrsupply

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtCore/QJsonValue>
+#include <QtCore/QList>
+#include <QtCore/QMetaType>
+#include <QtCore/QString>
+#include <QtCore/QVariant>
+
+#include <optional>
+
+/// How values are written in a session: the text that is printed is the text that is read.
+///
+/// Texts stand in quotes as in JSON or, where they hold no blank, bare; lists and tables are JSON; numbers are
+/// written so that they read back exactly.
+namespace zrsupply {
+
+/// One word of a line.
+struct Word
+{
+    QString raw;  ///< As it stands.
+    QString text; ///< Without the quotes where the whole word is quoted.
+    bool quoted = false;
+};
+
+/// The words of a line up to a comment. Throws a usage failure when quotes or brackets are not closed.
+QList<Word> splitWords(const QString &line);
+
+/// The value as it is read back by `parseLiteral()`. An invalid value is the bare word void.
+QString literal(const QVariant &value);
+/// The values after each other, each after a blank.
+QString literals(const QVariantList &values);
+QJsonValue literalJson(const QVariant &value);
+
+/// `word` as a value of `type`; nothing when it is not one. Lists of texts may also be written with commas: A,B.
+std::optional<QVariant> parseLiteral(const Word &word, QMetaType type);
+
+/// What a person calls the type: "a whole number".
+QString typeText(QMetaType type);
+
+} // namespace zrsupply

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "literal.h"
+
+#include <QtCore/QMetaMethod>
+#include <QtCore/QStringList>
+
+class QObject;
+
+namespace zrsupply {
+
+/// A meta-method with its arguments.
+struct MethodCall
+{
+    QMetaMethod method;
+    QVariantList arguments;
+
+    QString name() const { return QString::fromLatin1(method.name()); }
+    bool answers() const { return method.returnMetaType().id() != QMetaType::Void; }
+};
+
+/// The method of the class itself that has this name and takes these words. Throws a usage failure that names the
+/// nearest methods, the parameters that are wanted, or the type that a word should have had.
+MethodCall resolveCall(const QMetaObject &type, const QString &name, const QList<Word> &words);
+
+/// Calls it, private slots too; invalid when it returns nothing.
+QVariant invoke(QObject &object, const MethodCall &call);
+
+/// The names of all methods of the class itself, each once.
+QStringList methodNames(const QMetaObject &type);
+
+/// "supplyRibbonHeat QString ribbonSku, int panel, QString supplySku"
+QString signatureText(const QMetaMethod &method);
+
+/// `words` as the method's arguments. Throws a usage failure for a word of another type.
+QVariantList convertArguments(const QMetaMethod &method, const QList<Word> &words);
+
+} // namespace zrsupply

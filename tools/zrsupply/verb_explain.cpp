@@ -1,0 +1,203 @@
+#include "catalogue.h"
+#include "installed.h"
+#include "literal.h"
+#include "output.h"
+#include "units.h"
+
+#include <QtCore/QRegularExpression>
+
+namespace zrsupply {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr qsizetype ribbonCount = 2;
+
+/// The 20 digits that identify a roll, or more of its tag; no SKU is as long.
+bool looksLikeTag(const QString &text)
+{
+    static const QRegularExpression digits(u"^[0-9A-Fa-f]{20,}$"_s);
+    return digits.match(text).hasMatch();
+}
+
+void takeInRoll(Catalogue &catalogue, const QString &roll, Answer &answer)
+{
+    ZrSupplyDatabase &library = catalogue.library();
+    if (!looksLikeTag(roll)) {
+        catalogue.requireRoll(roll, true);
+        library.setSupplySKU(roll);
+        return;
+    }
+    library.setSupplyId(roll);
+    if (library.supplySKU() == "UnknownSupply"_L1)
+        answer.addNote(u"no roll on offer has this tag: what is read of the roll is read from its tag."_s);
+    if (library.supplySKU() == unsetString) {
+        answer.addNote(
+            u"a tag of revision 2 or more leaves the SKU as it was; here there was none, so the checks find"
+            " no roll."_s);
+    }
+}
+
+/// The SKU that a word on the command line means: a SKU, an id from a ribbon's tag, or none.
+QString ribbonSku(Catalogue &catalogue, const QString &word, Answer &answer)
+{
+    ZrSupplyDatabase &library = catalogue.library();
+    if (word == "none"_L1 || word == unsetString || library.supplyRibbonSKUList().contains(word))
+        return word == "none"_L1 ? unsetString : word;
+    static const QRegularExpression id(u"^[0-9]+$"_s);
+    if (!id.match(word).hasMatch())
+        catalogue.requireRibbon(word);
+    QString sku = library.getSkusFromRibbonIds({word, word}).first();
+    if (sku == unsetString)
+        answer.addNote(u"no ribbon has the id %1: for the library it is missing."_s.arg(word));
+    return sku;
+}
+
+QStringList ribbonWords(const Invocation &call)
+{
+    QStringList words;
+    for (const QString &value : call.values(u"ribbons"_s))
+        words += value.split(u',', Qt::SkipEmptyParts);
+    words += call.arguments();
+    if (words.size() > ribbonCount) {
+        throw usageFailure(call.command(),
+                           u"a printer holds two ribbons; \"%1\" is one too many"_s.arg(words[ribbonCount]));
+    }
+    return words;
+}
+
+QString outcomeText(Outcome outcome)
+{
+    switch (outcome) {
+    case Outcome::Fires:
+        return u"fires"_s;
+    case Outcome::Passes:
+        return u"passes"_s;
+    case Outcome::Waived:
+        return u"waived"_s;
+    case Outcome::NotAsked:
+        break;
+    }
+    return u"not asked"_s;
+}
+
+Table findingsTable(const Verdict &verdict)
+{
+    Table table(
+        {{u"rule"_s, u"Rule"_s}, {u"ribbon"_s, u"Of"_s}, {u"outcome"_s, u"Outcome"_s}, {u"says"_s, u"Because"_s}});
+    for (const Finding &finding : verdict.findings) {
+        table.addRow({textCell(finding.rule),
+                      {finding.ribbon, finding.ribbon == 0 ? u"roll"_s : u"ribbon %1"_s.arg(finding.ribbon), {}},
+                      textCell(outcomeText(finding.outcome)),
+                      textCell(finding.says)});
+    }
+    return table;
+}
+
+Table readingsTable(const Verdict &verdict)
+{
+    Table table({{u"name"_s, u"Value"_s}, {u"value"_s, u"Is"_s}, {u"source"_s, u"Read from"_s}});
+    for (const Reading &reading : verdict.readings) {
+        table.addRow(
+            {textCell(reading.name), {literalJson(reading.value), reading.text, {}}, textCell(reading.source)});
+    }
+    return table;
+}
+
+QString verdictSection(const Verdict &verdict, const Style &style)
+{
+    const QString heading = nameOf(verdict.check).title + u": "_s + verdict.summary;
+    QString text = u'\n' + emphasised(heading, style) + u"  "_s + announcementText(verdict) + u'\n' +
+                   findingsTable(verdict).toText(style, 2);
+    if (!verdict.readings.isEmpty())
+        text += u'\n' + readingsTable(verdict).toText(style, 2);
+    return text;
+}
+
+QJsonObject verdictJson(const Verdict &verdict)
+{
+    QJsonArray announcements;
+    for (const Announcement &announcement : verdict.announcements) {
+        QJsonArray arguments;
+        for (const QVariant &argument : announcement.arguments)
+            arguments.append(literalJson(argument));
+        announcements.append(QJsonObject{{u"signal"_s, announcement.signal}, {u"arguments"_s, arguments}});
+    }
+    return {{u"good"_s, verdict.good},
+            {u"summary"_s, verdict.summary},
+            {u"slot"_s, nameOf(verdict.check).slot},
+            {u"signals"_s, announcements},
+            {u"rules"_s, findingsTable(verdict).toJson()},
+            {u"values"_s, readingsTable(verdict).toJson()}};
+}
+
+Status run(const Invocation &call, Output &out)
+{
+    if (!call.has(u"roll"_s))
+        throw usageFailure(call.command(), u"--roll is missing"_s);
+    const QStringList words = ribbonWords(call);
+    Catalogue catalogue(call);
+    ZrSupplyDatabase &library = catalogue.library();
+
+    Answer answer;
+    takeInRoll(catalogue, call.value(u"roll"_s), answer);
+    QStringList skus;
+    for (const QString &word : words)
+        skus.append(ribbonSku(catalogue, word, answer));
+    while (skus.size() < ribbonCount)
+        skus.append(unsetString);
+
+    const QString roll = library.supplySKU();
+    answer.add(u"roll"_s, u"Roll"_s, {roll, roll == unsetString ? roll : roll + u"  "_s + rollText(library), {}});
+    for (qsizetype i = 0; i < ribbonCount; ++i) {
+        answer.add(
+            u"ribbon%1"_s.arg(i + 1), u"Ribbon %1"_s.arg(i + 1),
+            {skus[i], skus[i] == unsetString ? u"none"_s : skus[i] + u"  "_s + ribbonText(library, skus[i]), {}});
+    }
+    const QList<Verdict> verdicts = judge(gatherFacts(library, roll, skus));
+    if (out.json()) {
+        QJsonObject checks;
+        for (const Verdict &verdict : verdicts)
+            checks.insert(nameOf(verdict.check).word, verdictJson(verdict));
+        QJsonObject object = answer.toJson();
+        object.insert(u"checks"_s, checks);
+        out.write(object);
+        return Status::Ok;
+    }
+    out.write(answer);
+    for (const Verdict &verdict : verdicts)
+        out.write(verdictSection(verdict, out.style()));
+    return Status::Ok;
+}
+
+} // namespace
+
+Command explainCommand()
+{
+    return {
+        u"explain"_s,
+        u"Tell why the checks say what they say of a roll and its ribbons"_s,
+        u"Applies the rules of the library's five checks one by one: the verdict of each check with the signal that"
+        " announces it, every rule with its outcome, the values that were compared and the rows of the catalogue that"
+        " they were read from.\n\n"
+        "fires: the rule decides the verdict. passes: it has no objection. waived: it objects, and a special ribbon"
+        " overrules it. not asked: there is nothing to judge."_s,
+        {{u"RIBBON"_s, u"The second ribbon, where --ribbons is followed by two"_s, Value::RibbonSku, Need::Any}},
+        {{u"roll"_s, u"The roll: a SKU, or 20 to 24 digits of its tag"_s, Value::RollSku, u"SKU|TAG"_s},
+         {u"ribbons"_s,
+          u"One or two ribbons, ribbon 1 first: SKUs or the ids in their tags; none for an empty place"_s,
+          Value::RibbonSku, u"RIBBON"_s}},
+        {{u"explain --roll 00158377 --ribbons R530901 RW530921"_s, u"No resin on paper."_s},
+         {u"explain --roll 32100C0C8021004060000000 --ribbons 14 5"_s,
+          u"A narrow ribbon on a wide roll, by tag and ids."_s},
+         {u"explain --roll 00143465 --ribbons none 20 --json"_s, u"One ribbon, for programs."_s}},
+        {{Status::Ok, u"explained, whatever the verdict"_s},
+         {Status::Failed, u"the catalogue could not be used"_s},
+         {Status::Usage, u"wrong call"_s},
+         {Status::NotFound, u"no such roll or ribbon"_s}},
+        run,
+    };
+}
+
+} // namespace zrsupply
