@@ -237,6 +237,8 @@ class Workshop:
 
     def __init__(self, folder):
         self.tree, self.build = folder / "tree", folder / "build"
+        # The copies are alike but for their place, so that the second is built from the first one's cache.
+        self.environment = {**os.environ, "LC_ALL": "C.UTF-8", "CCACHE_BASEDIR": str(folder), "CCACHE_NOHASHDIR": "1"}
         if folder.exists():
             shutil.rmtree(folder)
         self.tree.mkdir(parents=True)
@@ -247,7 +249,7 @@ class Workshop:
         self.run(["cmake", "-S", str(self.tree), "-B", str(self.build), "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
                   "-DCMAKE_CXX_FLAGS=-O0 -g0", "-DZR_BUILD_TOOLS=OFF", "-DZR_BUILD_EXAMPLES=OFF",
                   *launcher], check=True)
-        self.run(["ninja", "-C", str(self.build), "-j1"], check=True)
+        self.run(["ninja", "-C", str(self.build)], check=True)
         self.tests = sorted(p for p in (self.build / "tests").iterdir()
                             if p.name.startswith("tst_") and p.is_file() and os.access(p, os.X_OK)
                             and "cutelogger" not in p.name)
@@ -255,18 +257,17 @@ class Workshop:
             if not self.passes(test):
                 sys.exit(f"{test.name} fails without any change; mend that first")
 
-    @staticmethod
-    def run(command, check=False):
-        done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    def run(self, command, check=False):
+        done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                              env=self.environment)
         if check and done.returncode:
             sys.exit(done.stdout[-4000:])
         return done
 
-    @staticmethod
-    def passes(test):
+    def passes(self, test):
         try:
             return subprocess.run([str(test)], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                                  timeout=TEST_TIMEOUT, env={**os.environ, "LC_ALL": "C.UTF-8"}).returncode == 0
+                                  timeout=TEST_TIMEOUT, env=self.environment).returncode == 0
         except subprocess.TimeoutExpired:
             return False
 
@@ -318,8 +319,8 @@ def main():
     started = time.monotonic()
     free = queue.Queue()
     with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
-        for workshop in pool.map(Workshop, [arguments.work / str(i) for i in range(arguments.jobs)]):
-            free.put(workshop)
+        for i in range(arguments.jobs):
+            free.put(Workshop(arguments.work / str(i)))
         print(f"{len(mutants)} mutants, {arguments.jobs} at a time", flush=True)
 
         def judge(mutant):
