@@ -1,0 +1,49 @@
+#!/bin/sh
+# Starts the service on a bus of its own and talks to it as any other process would.
+#
+#   run.sh FOLDER CATALOGUE
+set -eu
+if [ "${ZR_ON_PRIVATE_BUS:-}" != yes ]; then
+    ZR_ON_PRIVATE_BUS=yes exec dbus-run-session -- "$0" "$@"
+fi
+catalogue=$2
+name=example.printer.supplies
+interface=$name.ZrSupplyDatabase
+
+./consumer "$catalogue" &
+service=$!
+gdbus monitor --session --dest $name --object-path /supplies >heard.txt 2>&1 &
+monitor=$!
+trap 'kill $service $monitor 2>/dev/null || true' EXIT
+
+# Waits until `heard.txt` has a line like this; signals travel on their own.
+await() {
+    tries=0
+    until grep -q "$1" heard.txt; do
+        tries=$((tries + 1))
+        [ $tries -lt 600 ] || { echo "nothing like '$1' came over the bus:" >&2; cat heard.txt >&2; exit 1; }
+        sleep 0.05
+    done
+}
+call() {
+    method=$1
+    shift
+    gdbus call --session --dest $name --object-path /supplies --method "$interface.$method" -- "$@"
+}
+
+gdbus wait --session --timeout 60 $name
+await 'is owned by'
+call supplyWidth 00144463
+call supplyMaterialName 00144463
+call supplyRibbonHeats RW530901 00144463
+call supplyColorHash | grep -o "'White': <[0-9]*>"
+call setSupplyId 32100C0C8021004060000000
+call setRibbonIds "['14', '16']"
+call supplyRibbonSKUs
+# Private slots are not for other processes.
+if call checkRibbonTensions 2>/dev/null; then echo "a private slot is exported" >&2; exit 1; fi
+await 'ribbon2RGBsChanged'
+grep -o 'ZrSupplyDatabase\..*' heard.txt
+
+gdbus call --session --dest $name --object-path /application --method org.qtproject.Qt.QCoreApplication.quit >/dev/null
+wait $service

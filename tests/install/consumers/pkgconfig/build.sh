@@ -1,0 +1,5 @@
+#!/bin/sh
+# The bare compiler line that a host without a build system types.
+set -eu
+# shellcheck disable=SC2046,SC2086 # flags are words
+exec $CXX $CXXFLAGS -std=c++17 "$1/main.cpp" -o consumer $(pkg-config --cflags --libs zrsupplydatabase)

@@ -1,0 +1,25 @@
+// Slots are functions, trailing arguments may be left out, lists are arrays, and signals have connect(). A hash, as of
+// supplyColorHash(), stays closed to a script of Qt 6.4: its host hands it over as a QVariantMap.
+(function () {
+    const lines = [];
+    const say = (what, value) => lines.push(what + " " + JSON.stringify(value));
+
+    say("opened", supplies.setup(catalogue));
+    say("width", supplies.supplyWidth("00144463"));
+    say("material", supplies.supplyMaterialName("00144463"));
+    say("panel 1", supplies.supplyRibbonColorName("RW530903", 1));
+    say("panel not given", supplies.supplyRibbonColorName("RW530903"));
+    say("heats", supplies.supplyRibbonHeats("RW530901", "00144463"));
+
+    supplies.supplyChangedSignal.connect(sku => say("> supplyChangedSignal", sku));
+    supplies.notifySupplySensor.connect(sensor => say("> notifySupplySensor", sensor));
+    supplies.ribbonChangedSignal.connect(skus => say("> ribbonChangedSignal", skus));
+    supplies.alertInvalidRibbon2SupplyCombo.connect(() => say("> alertInvalidRibbon2SupplyCombo", null));
+    supplies.setSupplyId("32100C0C8021004060000000");
+    supplies.setRibbonIds(["14", "5"]);
+    say("width of the installed roll", supplies.supplyWidth());
+
+    // Private slots are for hosts that call by name, which a script cannot.
+    say("private slot", typeof supplies.checkRibbonSupplyCombo);
+    return lines.join("\n");
+})();
