@@ -62,7 +62,7 @@ if mmdebstrap --quiet --variant=apt --format=null \
     --customize-hook="cp \"\$1/demo.txt\" $work/demo.txt" \
     --customize-hook='chroot "$1" dpkg-query -W >"$1/installed.txt"' \
     --customize-hook="cp \"\$1/installed.txt\" $work/installed.txt" \
-    "$suite" /dev/null "${mirror:-http://deb.debian.org/debian}" >"$work/clean.log" 2>&1; then
+    "$suite" /dev/null "$mirror" >"$work/clean.log" 2>&1; then
     demo_is_right "$work/demo.txt"
     echo "Installed into a clean root of $suite with $(wc -l <"$work/installed.txt") packages; there zrsupply demo says:"
 else

@@ -21,7 +21,8 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// What `QSqlDatabase::removeDatabase` and a failed open print is not under test: silences Qt's messages while it lives.
+/// What `QSqlDatabase::removeDatabase` and a failed open print is not under test: silences Qt's messages while it
+/// lives.
 class QuietQt
 {
 public:

@@ -43,8 +43,8 @@ QString written(const QStringList &texts)
 SignalLog::SignalLog(ZrSupplyDatabase *database)
 {
     // One connection a signal, so that a signal without a line here is one that the tests cannot see.
-#define LOG_SIGNAL(name)                                                                                              \
-    connect(database, &ZrSupplyDatabase::name, this,                                                                  \
+#define LOG_SIGNAL(name)                                                                                             \
+    connect(database, &ZrSupplyDatabase::name, this,                                                                 \
             [this](const auto &...arguments) { add(#name, {written(arguments)...}); })
     LOG_SIGNAL(supplyPercentChanged);
     LOG_SIGNAL(ribbon1PercentChanged);

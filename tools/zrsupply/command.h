@@ -86,22 +86,22 @@ const Command *findCommand(const QString &path);
 QList<const Command *> commandsInGroup(const QString &group);
 
 // The rows, each in the file of its verb.
-Command demoCommand();      // verb_demo.cpp
-Command explainCommand();   // verb_explain.cpp
-Command catalogueBuildCommand(); // verb_catalogue_build.cpp
-Command catalogueDumpCommand(); // verb_catalogue_dump.cpp
+Command demoCommand();              // verb_demo.cpp
+Command explainCommand();           // verb_explain.cpp
+Command catalogueBuildCommand();    // verb_catalogue_build.cpp
+Command catalogueDumpCommand();     // verb_catalogue_dump.cpp
 Command catalogueGenerateCommand(); // verb_catalogue_generate.cpp
-Command catalogueInfoCommand(); // verb_catalogue_info.cpp
-Command catalogueCheckCommand();  // verb_catalogue_check.cpp
-Command catalogueDiffCommand();   // verb_catalogue_diff.cpp
-Command catalogueReportCommand(); // verb_catalogue_report.cpp
-Command helpCommand();      // verb_help.cpp
-Command listCommand();      // verb_list.cpp
-Command replayCommand();    // verb_replay.cpp
-Command ribbonCommand();    // verb_ribbon.cpp
-Command rollCommand();      // verb_roll.cpp
-Command sessionCommand();   // verb_session.cpp
-Command tagDecodeCommand(); // verb_tag_decode.cpp
-Command tagEncodeCommand(); // verb_tag_encode.cpp
+Command catalogueInfoCommand();     // verb_catalogue_info.cpp
+Command catalogueCheckCommand();    // verb_catalogue_check.cpp
+Command catalogueDiffCommand();     // verb_catalogue_diff.cpp
+Command catalogueReportCommand();   // verb_catalogue_report.cpp
+Command helpCommand();              // verb_help.cpp
+Command listCommand();              // verb_list.cpp
+Command replayCommand();            // verb_replay.cpp
+Command ribbonCommand();            // verb_ribbon.cpp
+Command rollCommand();              // verb_roll.cpp
+Command sessionCommand();           // verb_session.cpp
+Command tagDecodeCommand();         // verb_tag_decode.cpp
+Command tagEncodeCommand();         // verb_tag_encode.cpp
 
 } // namespace zrsupply
