@@ -441,17 +441,17 @@ void Checks::edgeSensorIsNoNumber()
     const FixtureCatalogue own;
     own.run(u"DROP TABLE supplysensor; CREATE TABLE supplysensor (id, supplysensortype); DROP TABLE roll;"
             "CREATE TABLE roll (itemNum, supplysensorId);"
-            "INSERT INTO supplysensor VALUES ('gap', 'g'), (0, 'z'), ('12', 't');"
-            "INSERT INTO roll VALUES ('TEXT', 'gap'), ('ZERO', 0), ('DIGITS', '12')"_s);
+            "INSERT INTO supplysensor VALUES ('gap', 'g'), (0, 'z'), ('12', 't'), (2.6, 'f');"
+            "INSERT INTO roll VALUES ('TEXT', 'gap'), ('ZERO', 0), ('DIGITS', '12'), ('FRACTION', 2.6)"_s);
     ZrSupplyDatabase database;
     QVERIFY(database.setup(own.path()));
     SignalLog log(&database);
-    for (const QString &sku : {u"TEXT"_s, u"ZERO"_s, u"DIGITS"_s}) {
+    for (const QString &sku : {u"TEXT"_s, u"ZERO"_s, u"DIGITS"_s, u"FRACTION"_s}) {
         database.setSupplySKU(sku);
         QVERIFY(call(database, "checkSupplyEdgeSensor"));
     }
-    QCOMPARE(log.take(),
-             QStringList({u"notifySupplySensor(0)"_s, u"notifySupplySensor(0)"_s, u"notifySupplySensor(12)"_s}));
+    QCOMPARE(log.take(), QStringList({u"notifySupplySensor(0)"_s, u"notifySupplySensor(0)"_s,
+                                      u"notifySupplySensor(12)"_s, u"notifySupplySensor(3)"_s}));
 }
 
 void Checks::ribbonWidth_data()

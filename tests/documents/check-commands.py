@@ -26,7 +26,7 @@ def transcripts(text):
 
 
 def main():
-    binaries, catalogue = sys.argv[1:3]
+    binaries, catalogue = map(os.path.abspath, sys.argv[1:3])
     environment = {**os.environ, "PATH": binaries + os.pathsep + os.environ["PATH"], "LC_ALL": "C.UTF-8",
                    "ZRSUPPLY_CATALOGUE": catalogue, "NO_COLOR": "1", "COLUMNS": "110"}
     run = failed = 0
