@@ -7,8 +7,8 @@ struct TagBits
 {
     static constexpr int count = 96;
 
-    quint64 head = 0; // bits 0-63, bit 0 on top
-    quint32 tail = 0; // bits 64-95, bit 64 on top
+    quint64 head; // bits 0-63, bit 0 on top
+    quint32 tail; // bits 64-95, bit 64 on top
 
     /// The unsigned big-endian number in bits `first` to `first + width - 1`; `width` is at most 32.
     constexpr quint32 read(int first, int width) const
