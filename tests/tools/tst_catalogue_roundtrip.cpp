@@ -204,7 +204,7 @@ void TestCatalogueRoundTrip::fileNamesThatLeadAstray()
     const QString file = sources.out(u"a.sqlite"_s);
     QCOMPARE(catalogue({u"build"_s, sources.path(), u"-o"_s, file}).status, 0);
     runOn(file, u"UPDATE meta SET value = '../../escaped.svg' WHERE key = 'source.background.svg.1';"
-                "UPDATE meta SET value = '/tmp/escaped.svg' WHERE key = 'source.background.svg.2';"
+                "UPDATE meta SET value = '/escaped.svg' WHERE key = 'source.background.svg.2';"
                 "UPDATE meta SET value = '..' WHERE key = 'source.background.svg.3';"
                 "UPDATE meta SET value = '' WHERE key = 'source.background.svg.4'"_s);
     QCOMPARE(catalogue({u"dump"_s, file, u"-o"_s, sources.out(u"dump"_s)}).status, 0);
