@@ -1,6 +1,7 @@
 // Recordings of sessions and the verb replay.
 
 #include "commandrun.h"
+#include "textfile.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -19,19 +20,6 @@ CommandRun session(const QStringList &words, const QByteArray &lines)
     run.input = lines;
     run.run();
     return run;
-}
-
-QString readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-void writeAll(const QString &path, const QString &text)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0)
-        qFatal("cannot write %s", qPrintable(path));
 }
 
 } // namespace

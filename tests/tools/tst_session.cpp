@@ -1,6 +1,7 @@
 // The verb session, driven as a person or a program drives it.
 
 #include "commandrun.h"
+#include "textfile.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
@@ -44,19 +45,6 @@ QStringList said(const QList<QJsonObject> &objects, const QString &type, const Q
             texts.append(object.value(member).toVariant().toString());
     }
     return texts;
-}
-
-QString readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-void writeAll(const QString &path, const QString &text)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0)
-        qFatal("cannot write %s", qPrintable(path));
 }
 
 } // namespace
