@@ -156,7 +156,8 @@ TerminalInput::Editor::Editor(Completer how)
     el_set(line, EL_SIGNAL, 1);
     el_set(line, EL_HIST, ::history, history);
     el_set(line, EL_EDITOR, "emacs");
-    el_set(line, EL_ADDFN, "complete", "Complete the word", &Editor::complete);
+    // The wide form: the narrow one keeps copies of both texts that nobody frees.
+    el_wset(line, EL_ADDFN, L"complete", L"Complete the word", &Editor::complete);
     el_set(line, EL_BIND, "^I", "complete", nullptr);
     el_set(line, EL_BIND, "^R", "em-inc-search-prev", nullptr);
     // A person's own bindings, as in every program of this kind.
