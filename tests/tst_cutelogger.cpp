@@ -2,6 +2,8 @@
 // What a process writes to standard error, and how it ends, is in tst_cuteloggerprocess; the format of a text is in
 // tst_cuteloggerformat.
 
+#include "support/actingappender.h"
+
 #include <AbstractAppender.h>
 #include <Logger.h>
 
@@ -68,33 +70,6 @@ protected:
 private:
     Log &m_log;
 };
-
-// Calls a function for each record.
-template <class Action>
-class ActingAppender : public AbstractAppender
-{
-public:
-    explicit ActingAppender(Action action)
-        : m_action(action)
-    {
-    }
-
-protected:
-    void append(const QDateTime &, Logger::LogLevel, const char *, int, const char *, const QString &,
-                const QString &message) override
-    {
-        m_action(message);
-    }
-
-private:
-    Action m_action;
-};
-
-void log(Logger &target, const QString &message, const char *category = nullptr,
-         Logger::LogLevel level = Logger::Debug)
-{
-    target.write(level, "roll.cpp", 12, "bool Roll::load(int)", category, message);
-}
 
 // What a row writes into a stream.
 struct Fill

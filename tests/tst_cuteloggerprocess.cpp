@@ -1,6 +1,8 @@
 // The logger that is built where no CuteLogger is installed, seen from outside: what a process that uses it writes to
 // standard error and how it ends. This program runs itself with the name of a scene.
 
+#include "support/actingappender.h"
+
 #include <ConsoleAppender.h>
 #include <Logger.h>
 
@@ -19,33 +21,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-// Calls a function for each record.
-template <class Action>
-class ActingAppender : public AbstractAppender
-{
-public:
-    explicit ActingAppender(Action action)
-        : m_action(action)
-    {
-    }
-
-protected:
-    void append(const QDateTime &, Logger::LogLevel, const char *, int, const char *, const QString &,
-                const QString &message) override
-    {
-        m_action(message);
-    }
-
-private:
-    Action m_action;
-};
-
-void log(Logger &target, const QString &message, const char *category = nullptr,
-         Logger::LogLevel level = Logger::Debug)
-{
-    target.write(level, "roll.cpp", 12, "bool Roll::load(int)", category, message);
-}
 
 struct LogsAtEnd
 {
