@@ -3,6 +3,7 @@
 #include "cataloguequery_p.h"
 #include "cataloguesql_p.h"
 #include "rounding_p.h"
+#include "sqltext_p.h"
 #include "supplyconstants_p.h"
 #include "tag/supplyc.h"
 
@@ -136,7 +137,7 @@ void ZrSupplyDatabase::updateCachedSupplyCData(QString trimmedId)
 
 QString ZrSupplyDatabase::getSkuFromSupplyId(QString supplyId)
 {
-    return getSingleVariantByQuery(sql::skuBySupplyId.arg(supplyId), QString()).toString();
+    return getSingleVariantByQuery(sql::filled(sql::skuBySupplyId, supplyId), QString()).toString();
 }
 
 bool ZrSupplyDatabase::isSupplyIdShared()
@@ -144,7 +145,7 @@ bool ZrSupplyDatabase::isSupplyIdShared()
     const QSqlDatabase catalogue = catalogueConnection();
     if (!catalogue.isOpen())
         return false;
-    const QSqlQuery query(sql::countBySupplyId.arg(m_supplyId), catalogue);
+    const QSqlQuery query(sql::filled(sql::countBySupplyId, m_supplyId), catalogue);
     // Deliberate: the column's position, which is 0, not the count; hosts know the answer as always false.
     return query.record().indexOf("CNT"_L1) > 1;
 }
@@ -197,7 +198,7 @@ QList<QString> ZrSupplyDatabase::getSkusFromRibbonIds(const QList<QString> &ribb
     QList<QString> skus = {unsetString, unsetString};
     if (catalogueConnection().isOpen() && ribbonIds.size() == ribbonCount) {
         for (qsizetype i = 0; i < ribbonCount; ++i)
-            skus[i] = getSingleVariantByQuery(sql::ribbonSkuById.arg(ribbonIds[i]), unsetString).toString();
+            skus[i] = getSingleVariantByQuery(sql::filled(sql::ribbonSkuById, ribbonIds[i]), unsetString).toString();
     }
     return skus;
 }

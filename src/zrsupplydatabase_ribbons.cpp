@@ -2,6 +2,7 @@
 
 #include "cataloguequery_p.h"
 #include "cataloguesql_p.h"
+#include "sqltext_p.h"
 #include "supplyconstants_p.h"
 
 #include <array>
@@ -43,22 +44,22 @@ List ofEachRibbon(const QStringList &ribbonSkus, OfRibbon ofRibbon)
 
 int ZrSupplyDatabase::supplyRibbonPanels(QString ribbonSku)
 {
-    return getSingleVariantByQuery(sql::ribbonPanels.arg(ribbonSku), unsetInt).toInt();
+    return getSingleVariantByQuery(sql::filled(sql::ribbonPanels, ribbonSku), unsetInt).toInt();
 }
 
 double ZrSupplyDatabase::supplyRibbonWidth(QString ribbonSku)
 {
-    return getSingleVariantByQuery(sql::ribbonWidth.arg(ribbonSku), unsetInt).toReal();
+    return getSingleVariantByQuery(sql::filled(sql::ribbonWidth, ribbonSku), unsetInt).toReal();
 }
 
 double ZrSupplyDatabase::supplyRibbonLength(QString ribbonSku)
 {
-    return getSingleVariantByQuery(sql::ribbonLength.arg(ribbonSku), unsetInt).toReal();
+    return getSingleVariantByQuery(sql::filled(sql::ribbonLength, ribbonSku), unsetInt).toReal();
 }
 
 QString ZrSupplyDatabase::supplyRibbonType(QString sku)
 {
-    const QString text = QString(sql::ribbonType).arg(sku).arg(m_languageId);
+    const QString text = sql::filled(sql::ribbonType, sku).arg(m_languageId);
     return getSingleVariantByQuery(text, QString()).toString();
 }
 
@@ -66,7 +67,7 @@ QString ZrSupplyDatabase::supplyRibbonColorName(QString ribbonSku, int panel)
 {
     if (isSpecialRibbon(ribbonSku))
         return QString();
-    const QString text = sql::ribbonPanelColorName.arg(ribbonSku, QString::number(panel)).arg(m_languageId);
+    const QString text = sql::filled(sql::ribbonPanelColorName, ribbonSku, QString::number(panel)).arg(m_languageId);
     return getSingleVariantByQuery(text, QString()).toString();
 }
 
@@ -74,7 +75,7 @@ int ZrSupplyDatabase::supplyRibbonColorRGB(QString ribbonSku, int panel)
 {
     if (isSpecialRibbon(ribbonSku))
         return unsetInt;
-    const QString text = sql::ribbonPanelRgb.arg(ribbonSku, QString::number(panel));
+    const QString text = sql::filled(sql::ribbonPanelRgb, ribbonSku, QString::number(panel));
     return getSingleVariantByQuery(text, unsetInt).toInt();
 }
 
@@ -89,7 +90,7 @@ int ZrSupplyDatabase::panelParameter(PrintParameter parameter, const QString &ri
     if (material == unsetInt)
         return unsetInt;
     const QLatin1StringView statement = printParameterStatements[size_t(parameter)];
-    const QString text = statement.arg(ribbonSku, QString::number(panel), QString::number(material));
+    const QString text = sql::filled(statement, ribbonSku, QString::number(panel), QString::number(material));
     return getSingleVariantByQuery(text, unsetInt).toInt();
 }
 

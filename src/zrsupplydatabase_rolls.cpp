@@ -2,6 +2,7 @@
 
 #include "cataloguequery_p.h"
 #include "cataloguesql_p.h"
+#include "sqltext_p.h"
 #include "supplyconstants_p.h"
 
 using namespace supply;
@@ -39,12 +40,12 @@ struct Localised
 
 QString filled(QLatin1StringView statement, const QString &sku)
 {
-    return statement.arg(sku);
+    return sql::filled(statement, sku);
 }
 
 QString filled(const Localised &localised, const QString &sku)
 {
-    return QString(localised.statement).arg(sku).arg(localised.languageId);
+    return sql::filled(localised.statement, sku).arg(localised.languageId);
 }
 
 /// The roll rule: the installed roll's tag answers for an empty SKU and for an unknown roll, else the catalogue does.
@@ -59,13 +60,13 @@ Result rollAttribute(ZrSupplyDatabase &database, const QString &sku, const State
 
 int colorByCode(ZrSupplyDatabase &database, QLatin1StringView statement, int code)
 {
-    return database.getSingleVariantByQuery(statement.arg(QString::number(code)), unsetInt).toInt();
+    return database.getSingleVariantByQuery(sql::filled(statement, QString::number(code)), unsetInt).toInt();
 }
 
 /// Deliberate: a code without a row yields the text "-1", where a SKU without one yields an empty name.
 QString nameByCode(ZrSupplyDatabase &database, QLatin1StringView statement, int code, int languageId)
 {
-    const QString text = statement.arg(QString::number(code), QString::number(languageId));
+    const QString text = sql::filled(statement, QString::number(code), QString::number(languageId));
     return database.getSingleVariantByQuery(text, unsetInt).toString();
 }
 
@@ -143,7 +144,7 @@ int ZrSupplyDatabase::supplyMultiUpCount(QString sku)
 
 int ZrSupplyDatabase::supplySensorId(QString name)
 {
-    return getSingleVariantByQuery(sql::sensorByType.arg(name), unsetInt).toInt();
+    return getSingleVariantByQuery(sql::filled(sql::sensorByType, name), unsetInt).toInt();
 }
 
 int ZrSupplyDatabase::supplyIsLandscape(QString sku)
@@ -151,14 +152,14 @@ int ZrSupplyDatabase::supplyIsLandscape(QString sku)
     // Deliberate: "UnknownSupply" is looked up like any SKU.
     if (sku.isEmpty())
         return m_supplyIsLandscape;
-    return getSingleVariantByQuery(sql::rollLandscape.arg(sku), unsetInt).toInt();
+    return getSingleVariantByQuery(sql::filled(sql::rollLandscape, sku), unsetInt).toInt();
 }
 
 QByteArray ZrSupplyDatabase::supplyBackgroundImage(QString sku)
 {
     // Deliberate: an empty SKU means the installed roll's row, and "UnknownSupply" is looked up like any SKU.
     const QString &rollSku = sku.isEmpty() ? m_supplySKU : sku;
-    return getSingleVariantByQuery(sql::rollBackground.arg(rollSku), QByteArray()).toByteArray();
+    return getSingleVariantByQuery(sql::filled(sql::rollBackground, rollSku), QByteArray()).toByteArray();
 }
 
 bool ZrSupplyDatabase::supplySwiftLift(QString sku)
@@ -173,7 +174,7 @@ double ZrSupplyDatabase::supplyMultiUpGapSize(QString sku)
 
 int ZrSupplyDatabase::getSupplyLength(QString sku)
 {
-    return getSingleVariantByQuery(sql::rollLength.arg(sku), unsetInt).toInt();
+    return getSingleVariantByQuery(sql::filled(sql::rollLength, sku), unsetInt).toInt();
 }
 
 // Codes to colours and names

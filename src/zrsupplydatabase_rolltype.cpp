@@ -3,6 +3,7 @@
 #include "cataloguequery_p.h"
 #include "cataloguesql_p.h"
 #include "rounding_p.h"
+#include "sqltext_p.h"
 #include "supplyconstants_p.h"
 
 #include <cmath>
@@ -68,7 +69,7 @@ int ZrSupplyDatabase::supplyGetTypeSpecialCase(QString sku, int format, QString 
 int ZrSupplyDatabase::supplyFormatFromTable(QString sku)
 {
     constexpr int withoutRow = 1;
-    return getSingleVariantByQuery(sql::rollFormat.arg(sku), withoutRow).toInt();
+    return getSingleVariantByQuery(sql::filled(sql::rollFormat, sku), withoutRow).toInt();
 }
 
 int ZrSupplyDatabase::supplyFormat(QString sku)
@@ -76,7 +77,7 @@ int ZrSupplyDatabase::supplyFormat(QString sku)
     if (!isUnknownSupply(sku) && m_supplyTagRevision <= 0) {
         if (sku.isEmpty())
             return m_supplyFormat;
-        const double stripeWidth = getSingleVariantByQuery(sql::stripeWidth.arg(sku), unsetInt).toReal();
+        const double stripeWidth = getSingleVariantByQuery(sql::filled(sql::stripeWidth, sku), unsetInt).toReal();
         return stripeWidth > 0.0 ? stripedFormat : supplyFormatFromTable(sku);
     }
     return m_supplyTagRevision == 1 ? m_supplyFormatRev1 : m_supplyFormat;
@@ -85,14 +86,14 @@ int ZrSupplyDatabase::supplyFormat(QString sku)
 QString ZrSupplyDatabase::supplyFormatName(QString sku)
 {
     const int format = supplyFormat(sku.isEmpty() ? m_supplySKU : sku);
-    const QString text = sql::formatName.arg(QString::number(format), QString::number(m_languageId));
+    const QString text = sql::filled(sql::formatName, QString::number(format), QString::number(m_languageId));
     return getSingleVariantByQuery(text, QString()).toString();
 }
 
 QString ZrSupplyDatabase::supplyFormatType(QString sku)
 {
     const int format = supplyFormat(sku.isEmpty() ? m_supplySKU : sku);
-    return getSingleVariantByQuery(sql::formatType.arg(QString::number(format)), QString()).toString();
+    return getSingleVariantByQuery(sql::filled(sql::formatType, QString::number(format)), QString()).toString();
 }
 
 double ZrSupplyDatabase::supplyLength(QString sku)

@@ -1,4 +1,5 @@
 #include "cataloguesql_p.h"
+#include "sqltext_p.h"
 #include "support/ask.h"
 #include "support/fixturecatalogue.h"
 #include "support/statementlist.h"
@@ -159,6 +160,8 @@ private Q_SLOTS:
     void prepares();
     void isFoundByIndex_data() { text_data(); }
     void isFoundByIndex();
+    void isFilledAsQtFillsIt_data();
+    void isFilledAsQtFillsIt();
     void issued_data();
     void issued();
     void everyIssuerIsAsked();
@@ -232,6 +235,30 @@ void TestCatalogueSql::isFoundByIndex()
             QVERIFY2(step.startsWith(u"SEARCH "_s), qPrintable(step));
             QVERIFY2(step.contains(u" USING "_s) && !step.contains(u"AUTOMATIC"_s), qPrintable(step));
         }
+    }
+}
+
+void TestCatalogueSql::isFilledAsQtFillsIt_data()
+{
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    QTest::newRow("plain values") << u"A-1"_s << u"2"_s;
+    QTest::newRow("empty and null values") << u""_s << QString();
+    QTest::newRow("marks in the values") << u"%1%2%3%9"_s << u"%2"_s;
+    QTest::newRow("other forms of marks in the values") << u"%L1%10%%"_s << u"%"_s;
+    QTest::newRow("quotes, NUL and a surrogate pair") << u"a'b\"c"_s + QChar() << u"\U0001F5A8"_s;
+    QTest::newRow("a value longer than the text") << QString(5000, u'x') << QString(300, u'%');
+}
+
+/// With one, two and three values: fewer than a text has marks, as many, and more.
+void TestCatalogueSql::isFilledAsQtFillsIt()
+{
+    QFETCH(QString, first);
+    QFETCH(QString, second);
+    for (const QLatin1StringView statement : sql::allStatements) {
+        QCOMPARE(sql::filled(statement, first), statement.arg(first));
+        QCOMPARE(sql::filled(statement, first, second), statement.arg(first, second));
+        QCOMPARE(sql::filled(statement, second, first, first), statement.arg(second, first, first));
     }
 }
 

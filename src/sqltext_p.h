@@ -1,0 +1,52 @@
+#pragma once
+
+#include "cataloguesql_p.h"
+
+#include <QtCore/QString>
+
+#include <array>
+
+namespace sql {
+
+/// Whether every `%` of `statement` begins one of the marks %1, %2 and %3.
+constexpr bool hasOnlyMarks(QLatin1StringView statement)
+{
+    for (qsizetype i = 0; i < statement.size(); ++i) {
+        if (statement.data()[i] != '%')
+            continue;
+        if (++i == statement.size() || statement.data()[i] < '1' || statement.data()[i] > '3')
+            return false;
+    }
+    return true;
+}
+
+constexpr bool allHaveOnlyMarks()
+{
+    for (const QLatin1StringView statement : allStatements) {
+        if (!hasOnlyMarks(statement))
+            return false;
+    }
+    return true;
+}
+static_assert(allHaveOnlyMarks());
+
+/// `statement` with its marks filled in jointly, as `statement.arg(values...)` does it, but in one allocation and
+/// without a search for other forms of marks. A mark without a value stays.
+template <typename... Values>
+QString filled(QLatin1StringView statement, const Values &...values)
+{
+    const std::array<const QString *, sizeof...(Values)> list = {&values...};
+    QString text;
+    text.reserve(statement.size() + (values.size() + ...));
+    qsizetype copied = 0;
+    for (qsizetype mark = statement.indexOf('%'_L1); mark >= 0; mark = statement.indexOf('%'_L1, mark + 1)) {
+        const auto number = size_t(statement[mark + 1].toLatin1() - '1');
+        if (number >= list.size())
+            continue;
+        text.append(statement.sliced(copied, mark - copied)).append(*list[number]);
+        copied = mark + 2;
+    }
+    return text.append(statement.sliced(copied));
+}
+
+} // namespace sql
