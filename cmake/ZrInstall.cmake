@@ -1,5 +1,5 @@
-# What finds the installed library: find_package(ZrSupplyDatabase) gives ZrSupplyDatabase::ZrSupplyDatabase, and
-# pkg-config knows zrsupplydatabase. Both work from wherever the prefix is moved to.
+# What finds the installed library: find_package(ZrSupplyDatabase) gives ZrSupplyDatabase::ZrSupplyDatabase, with
+# COMPONENTS Guard also ZrSupplyDatabase::Guard, and pkg-config knows zrsupplydatabase and zrsupplyguard. Both work from wherever the prefix is moved to.
 include(CMakePackageConfigHelpers)
 
 set(zr_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ZrSupplyDatabase)
@@ -7,6 +7,12 @@ set(zr_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ZrSupplyDatabase)
 install(EXPORT ZrSupplyDatabaseTargets
     NAMESPACE ZrSupplyDatabase::
     DESTINATION ${zr_package_dir})
+
+if(TARGET ZrSupplyGuard)
+    install(EXPORT ZrSupplyGuardTargets
+        NAMESPACE ZrSupplyDatabase::
+        DESTINATION ${zr_package_dir})
+endif()
 
 configure_package_config_file(
     ${CMAKE_CURRENT_LIST_DIR}/ZrSupplyDatabaseConfig.cmake.in
@@ -39,3 +45,8 @@ endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/zrsupplydatabase.pc.in
     ${CMAKE_CURRENT_BINARY_DIR}/zrsupplydatabase.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zrsupplydatabase.pc DESTINATION ${zr_pc_dir})
+if(TARGET ZrSupplyGuard)
+    configure_file(${PROJECT_SOURCE_DIR}/extras/guard/zrsupplyguard.pc.in
+        ${CMAKE_CURRENT_BINARY_DIR}/zrsupplyguard.pc @ONLY)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zrsupplyguard.pc DESTINATION ${zr_pc_dir})
+endif()

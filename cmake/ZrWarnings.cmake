@@ -18,3 +18,13 @@ function(zr_target target)
         QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
     zr_warnings(${target})
 endfunction()
+
+# A shared library of ours: it exports what the list names, and needs nothing that it does not link.
+function(zr_export_list target list)
+    target_link_options(${target} PRIVATE LINKER:--version-script,${list})
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${list})
+    # Clang links its sanitizers into the program alone, so that a library leaves them undefined.
+    if(NOT (CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_FLAGS MATCHES "-fsanitize"))
+        target_link_options(${target} PRIVATE LINKER:--no-undefined)
+    endif()
+endfunction()

@@ -101,6 +101,10 @@ UNION ALL SELECT 'formatTS', formatId, languageId, name FROM formatTS
 UNION ALL SELECT 'ribbon_typeTS', ribbon_typeId, languageId, name FROM ribbon_typeTS
 UNION ALL SELECT 'ribbon_colorTS', ribbon_colorId, languageId, name FROM ribbon_colorTS;
 
+-- The languages that meta lists. A file from elsewhere may list none, or have no meta.
+CREATE TEMP TABLE check_language(languageId INTEGER);
+INSERT INTO check_language SELECT CAST(substr(key, 10) AS INTEGER) FROM meta WHERE key GLOB 'language.[0-9]*';
+
 CREATE TEMP TABLE check_named_code AS
 SELECT 'colorTS' AS "table", id AS code, 'colour' AS thing FROM color WHERE id IS NOT NULL
 UNION SELECT 'materialTS', materialId, 'material' FROM materialwidth WHERE materialId IS NOT NULL
@@ -126,6 +130,23 @@ FROM pragma_integrity_check WHERE integrity_check <> 'ok';
 -- because: Whoever opens such a file writes two files beside it. From a folder that cannot be written it does not open.
 -- remedy: Build the file with zrsupply catalogue build, or run PRAGMA journal_mode=DELETE in it.
 -- code: writeAheadLog
+
+-- rule: side-files
+-- severity: error
+-- title: A journal or log lies beside the file
+-- message: There is {key}
+-- because: A change was not finished, or is being made. The library cannot undo it and answers its defaults, or answers
+--    rows that belong to no file that was shipped.
+-- remedy: Let whoever writes the file end, run PRAGMA journal_mode=DELETE in it, and ship the file alone.
+-- code: sideFiles
+
+-- rule: page-moves
+-- severity: hint
+-- title: The file is kept ready for its pages to be moved
+-- message: The header asks for auto-vacuum
+-- because: A file that nobody writes has no use for it, and is longer by the list of where its pages belong.
+-- remedy: Run PRAGMA auto_vacuum=NONE and VACUUM in it.
+SELECT 'sqlite_schema' AS "table", 'header' AS "key" FROM pragma_auto_vacuum WHERE auto_vacuum <> 0;
 
 -- rule: missing-table
 -- severity: error
@@ -181,6 +202,34 @@ SELECT 'sqlite_schema' AS "table", name AS "key",
        CASE type WHEN 'view' THEN 'view' ELSE 'virtual table' END AS kind
 FROM main.sqlite_schema WHERE type = 'view' OR (type = 'table' AND sql LIKE 'CREATE VIRTUAL%');
 
+-- rule: computed-column
+-- severity: warning
+-- title: A column is computed and not stored
+-- message: {table}.{key} is computed
+-- because: Its expression runs on every lookup that reads the column, for as long as it likes.
+-- remedy: Store the values.
+SELECT tables.name AS "table", columns.name AS "key"
+FROM main.sqlite_schema AS tables, pragma_table_xinfo(tables.name, 'main') AS columns
+WHERE tables.type = 'table' AND columns.hidden IN (2, 3);
+
+-- rule: key-untyped
+-- severity: error
+-- title: A column of codes has no type
+-- message: {table}.{key} is declared {type}
+-- because: The library compares it with a quoted number. A number in a column without a numeric type equals no text, so
+--    the code is never found.
+-- remedy: Give the column the type INTEGER.
+WITH codes("table", columns) AS (VALUES
+    ('color', '["id","secId"]'), ('format', '["id"]'), ('ribbon', '["id"]'), ('ribbon_panel', '["panel"]'),
+    ('colorTS', '["colorId","languageId"]'), ('materialTS', '["materialId","languageId"]'),
+    ('formatTS', '["formatId","languageId"]'), ('ribbon_typeTS', '["languageId"]'), ('ribbon_colorTS', '["languageId"]')
+)
+SELECT codes."table", declared.name AS "key",
+       CASE declared.type WHEN '' THEN 'without a type' ELSE declared.type END AS type
+FROM codes, json_each(codes.columns) AS code
+JOIN pragma_table_xinfo(codes."table", 'main') AS declared ON lower(declared.name) = lower(code.value)
+WHERE declared.type = '' OR declared.type LIKE '%BLOB%';
+
 -- rule: trigger
 -- severity: warning
 -- title: The file has a trigger
@@ -210,8 +259,16 @@ SELECT 'sqlite_schema' AS "table", name AS "key", tbl_name AS "on" FROM main.sql
 -- title: The sources do not make a catalogue
 -- message: {error}: {fix}
 -- because: No file is built, so nothing else can be checked.
--- remedy: Correct the line. A column of whole numbers takes no other, a key occurs once and is never empty.
+-- remedy: Do what stands behind each place, and check again.
 -- code: sourcesFail
+
+-- rule: sources-unused
+-- severity: warning
+-- title: A file of the sources is in no catalogue
+-- message: Its name is no table's, and no row names it
+-- because: What is in the file is not in the catalogue.
+-- remedy: Name a CSV file after its table, name a picture in a row of background, or remove the file.
+-- code: sourcesUnused
 
 -- Values: type and presence
 
@@ -677,7 +734,7 @@ WITH sizes("table", "key", "column", value, most, unit) AS (
     UNION ALL SELECT 'materialwidth', id, 'length', length, 100000, 'labels' FROM materialwidth WHERE nonContinuousLength > 0
     UNION ALL SELECT 'noncontinuous', itemNum, 'separatorWidth', separatorWidth, 1, 'inches' FROM noncontinuous
     UNION ALL SELECT 'continuousstripe', itemNum, 'secColorWidth', stripeWidth, width, 'inches (the roll''s width)'
-        FROM check_roll WHERE hasStripe
+        FROM check_roll WHERE hasStripe AND width > 0
     UNION ALL SELECT 'ribbon', sku, 'width', width, 12, 'inches' FROM ribbon
     UNION ALL SELECT 'ribbon', sku, 'length', length, 24000, 'inches' FROM ribbon
     UNION ALL SELECT 'ribbon_heat', printf('%s/%s/%s', ribbonId, panel, materialId), 'max_speed', max_speed, 1000, 'mm a second'
@@ -769,10 +826,21 @@ WHERE name.code IS NULL;
 SELECT needed."table", printf('%s/%s', needed.code, language.languageId) AS "key", needed.thing, needed.code,
        language.languageId
 FROM check_named_code AS needed
-CROSS JOIN (SELECT DISTINCT languageId FROM check_name WHERE languageId <> 0) AS language
+CROSS JOIN (SELECT languageId FROM check_language
+            UNION
+            SELECT languageId FROM check_name WHERE NOT EXISTS (SELECT 1 FROM check_language)) AS language
 LEFT JOIN check_name AS name
     ON name."table" = needed."table" AND name.code = needed.code AND name.languageId = language.languageId
-WHERE name.code IS NULL;
+WHERE name.code IS NULL AND language.languageId <> 0;
+
+-- rule: language-unlisted
+-- severity: warning
+-- title: A name is in a language that the catalogue does not list
+-- message: languageId is {languageId}, meta has no row language.{languageId}
+-- because: Nobody chooses the language, or the name is one that another language lacks.
+-- remedy: Correct languageId, or list the language in meta and give every code a name in it.
+SELECT "table", printf('%s/%s', code, languageId) AS "key", languageId FROM check_name
+WHERE languageId NOT IN (SELECT languageId FROM check_language) AND EXISTS (SELECT 1 FROM check_language);
 
 -- rule: name-english-differs
 -- severity: warning
@@ -968,11 +1036,15 @@ WHERE NOT tag.isContinuous AND roll.hasFormat AND tag.separatorWidth <> roll.sep
 -- rule: tag-stripe
 -- severity: error
 -- title: The stripe in the tag differs from the rows
--- message: The tag says {tagWidth} inches of colour {tagColor}, the rows say {rowWidth} of colour {rowColor}
+-- message: The tag says {inTag}, the rows say {inRows}
 -- because: The installed roll is shown with the tag's stripe, the same roll in a list with the other.
 -- remedy: Correct the row of continuousstripe or the supply id (digits 3 to 7).
-SELECT 'roll' AS "table", itemNum AS "key", tag.stripeWidth AS tagWidth, tag.stripeColor AS tagColor,
-       coalesce(roll.stripeWidth, 0.0) AS rowWidth, coalesce(roll.stripeColor, 0) AS rowColor
+SELECT 'roll' AS "table", itemNum AS "key",
+       CASE WHEN tag.stripeWidth = 0.0 AND tag.stripeColor = 0 THEN 'no stripe'
+            ELSE printf('%s inches of colour %s', tag.stripeWidth, tag.stripeColor) END AS inTag,
+       CASE WHEN NOT roll.hasStripe THEN 'no stripe'
+            ELSE printf('%s inches of %s', coalesce(roll.stripeWidth, 0.0),
+                        coalesce('colour ' || roll.stripeColor, 'no colour')) END AS inRows
 FROM check_roll AS roll JOIN check_tag AS tag USING (supplyId)
 WHERE tag.isContinuous AND NOT roll.hasFormat
 AND (tag.stripeWidth <> coalesce(roll.stripeWidth, 0.0) OR tag.stripeColor <> coalesce(roll.stripeColor, 0));
@@ -982,7 +1054,7 @@ AND (tag.stripeWidth <> coalesce(roll.stripeWidth, 0.0) OR tag.stripeColor <> co
 -- rule: ribbon-panels
 -- severity: error
 -- title: A ribbon's panels are not numbered from 1 to their count
--- message: The ribbon has {panels} panel(s), ribbon_panel has {found}
+-- message: ribbon.panels is {panels}, the panels with a row in ribbon_panel: {found}
 -- because: Colours and print parameters are asked for by panel number, from 1 on. The first panel decides all checks.
 -- remedy: Give each panel a row, numbered from 1 without gaps, and write their count in ribbon.panels.
 SELECT 'ribbon' AS "table", ribbon.sku AS "key", ribbon.panels, coalesce(panel.numbers, 'none') AS found
@@ -1036,11 +1108,12 @@ FROM gap JOIN ribbon ON ribbon.id = gap.ribbonId WHERE ribbon.sku NOT IN (SELECT
 -- rule: ribbon-prints-nothing
 -- severity: warning
 -- title: A ribbon prints on no material of any roll
--- message: Its heats are for {materials}, none of which is a roll's
+-- message: {reason}
 -- because: Every roll of the catalogue is refused with this ribbon.
 -- remedy: Add its rows to ribbon_heat, one per panel and material.
 SELECT 'ribbon' AS "table", ribbon.sku AS "key",
-       coalesce('material ' || group_concat(DISTINCT ribbon_heat.materialId), 'no material') AS materials
+       coalesce('It prints on material ' || group_concat(DISTINCT ribbon_heat.materialId) || ', which no roll has',
+                'It has no row in ribbon_heat') AS reason
 FROM ribbon LEFT JOIN ribbon_heat ON ribbon_heat.ribbonId = ribbon.id
 WHERE ribbon.sku NOT IN (SELECT sku FROM check_special)
 GROUP BY ribbon.sku

@@ -501,7 +501,9 @@ void TestCatalogue::lookupsWriteNothing()
               u"CREATE TABLE other.added (id INTEGER)"_s}) {
             database.getSingleVariantByQuery(statement, {});
         }
-        QCOMPARE(database.getSingleVariantByQuery(u"SELECT COUNT(*) FROM other.roll"_s, -1).toInt(), 11);
+        // Under guard nothing is attached, and that is the one answer that differs.
+        const int attachedRolls = qEnvironmentVariableIsSet("ZRSUPPLY_TEST_GUARDED") ? -1 : 11;
+        QCOMPARE(database.getSingleVariantByQuery(u"SELECT COUNT(*) FROM other.roll"_s, -1).toInt(), attachedRolls);
         database.setSupplyId(u"4B000912C10404900400FFFF"_s);
         database.setRibbonIds({u"12"_s, u"13"_s});
         database.setLanguageId(7);

@@ -45,6 +45,16 @@ QList<Method> readGoldenList()
     return list;
 }
 
+/// What to do about a difference, and what it means for hosts that are built already.
+constexpr auto howToAgree =
+    "\nThe meta-object no longer says what tests/data/metamethods.tsv holds, by which hosts call: by name and by index.\n"
+    "  Not meant: mend src/zrsupplydatabase.h.\n"
+    "  Meant, and slots were added behind the last one: add their rows at the end. Hosts keep working. Minor version, the\n"
+    "  SOVERSION stays.\n"
+    "  Meant, and anything else (a method moved, was inserted or renamed, a type, parameter name or access changed):\n"
+    "  correct the rows. Built hosts call the wrong method. Major version, and with it the SOVERSION.\n"
+    "Then run docs/make-interface.py and scripts/accept-interface, and name the change in the commit's subject.";
+
 template <typename... Parameters>
 int indexOf(void (Z::*signal)(Parameters...))
 {
@@ -71,13 +81,31 @@ private Q_SLOTS:
     void idsOutsideTheMethods();
     void argumentTypesAreBuiltIn();
     void indexOfSignals();
+    void cleanup();
+    void cleanupTestCase();
+
+private:
+    bool m_differs = false; // from what was agreed
 };
+
+/// Every difference is told by its own row, what to do about them once.
+void MetaObject::cleanup()
+{
+    m_differs = m_differs || QTest::currentTestFailed();
+}
+
+void MetaObject::cleanupTestCase()
+{
+    if (m_differs)
+        qWarning("%s", howToAgree);
+}
 
 void MetaObject::holdsNothingElse()
 {
     QCOMPARE(QByteArray(meta.className()), "ZrSupplyDatabase"_ba);
     QCOMPARE(meta.superClass(), &QObject::staticMetaObject);
     QCOMPARE(meta.methodCount() - meta.methodOffset(), methodCount);
+    QCOMPARE(readGoldenList().size(), methodCount);
     QCOMPARE(meta.propertyCount() - meta.propertyOffset(), 0);
     QCOMPARE(meta.enumeratorCount() - meta.enumeratorOffset(), 0);
     QCOMPARE(meta.classInfoCount(), 0);
@@ -97,8 +125,7 @@ void MetaObject::goldenList_data()
     QTest::addColumn<bool>("isVariant");
 
     const QList<Method> list = readGoldenList();
-    QCOMPARE(list.size(), methodCount);
-    for (qsizetype i = 0; i < list.size(); ++i) {
+    for (qsizetype i = 0; i < qMin<qsizetype>(list.size(), methodCount); ++i) {
         const Method &method = list[i];
         // A variant leaves out the last arguments of the method before it.
         const QString name = method.signature.section(u'(', 0, 0);

@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Runs every command that the documents show with its output, and compares.
 
-    check-commands.py BIN_DIR CATALOGUE
+    check-commands.py BUILD_DIR
 
-A code block whose first line starts with "$ zrsupply" is a transcript: lines with "$ " are typed, the others must be what
-is printed. Blocks run in one folder a document, top to bottom, with BIN_DIR in front of the search path.
+A code block whose first line starts with "$ " is a transcript: lines with "$ " are typed, the others must be what is
+printed. Blocks run in one folder a document, top to bottom, with the build's programs in front of the search path and
+the build itself as build/release.
 """
 import difflib
 import os
@@ -14,27 +15,29 @@ import subprocess
 import sys
 import tempfile
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+from blocks import ROOT, blocks, make_tree, pages
 
 
-def transcripts(text):
-    for block in re.findall(r"^```\w*\n(.*?)^```$", text, re.M | re.S):
-        if block.startswith("$ zrsupply"):
-            for part in re.split(r"^\$ ", block, flags=re.M)[1:]:
+def transcripts(page):
+    for block in blocks(page):
+        if block.is_transcript():
+            for part in re.split(r"^\$ ", block.text, flags=re.M)[1:]:
                 command, _, said = part.partition("\n")
                 yield command, said
 
 
 def main():
-    binaries, catalogue = map(os.path.abspath, sys.argv[1:3])
-    environment = {**os.environ, "PATH": binaries + os.pathsep + os.environ["PATH"], "LC_ALL": "C.UTF-8",
-                   "ZRSUPPLY_CATALOGUE": catalogue, "NO_COLOR": "1", "COLUMNS": "110"}
+    build = pathlib.Path(sys.argv[1]).resolve()
+    environment = {**os.environ, "PATH": f"{build / 'bin'}{os.pathsep}{os.environ['PATH']}", "LC_ALL": "C.UTF-8",
+                   "ZRSUPPLY_CATALOGUE": str(build / "share/zrsupplydatabase/sample.sqlite"), "NO_COLOR": "1",
+                   "COLUMNS": "110"}
     run = failed = 0
-    for page in [ROOT / "README.md", *sorted((ROOT / "docs").glob("*.md"))]:
+    for page in pages():
         with tempfile.TemporaryDirectory() as folder:
-            for command, said in transcripts(page.read_text()):
+            make_tree(folder, build, whole=False)
+            for command, said in transcripts(page):
                 run += 1
-                done = subprocess.run(command, shell=True, cwd=folder, env=environment, text=True,
+                done = subprocess.run(command, shell=True, cwd=folder, env=environment, text=True, check=False,
                                       stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
                 if done.stdout.rstrip() != said.rstrip():
                     failed += 1

@@ -20,7 +20,8 @@ package() {
     echo "$1"
 }
 
-runtime="libzrsupplydatabase1 libzrsupplydatabase-cutelogger1 zrsupply zrsupplydatabase-catalogue"
+runtime="libzrsupplydatabase1 libzrsupplydatabase-cutelogger1 libzrsupplyguard1 zrsupply zrsupply-panel
+    zrsupplydatabase-catalogue"
 all="$runtime libzrsupplydatabase-dev libzrsupplydatabase-cutelogger-dev zrsupplydatabase-doc"
 for name in $all; do dpkg-deb -x "$(package "$name")" "$work/root"; done
 
@@ -30,6 +31,13 @@ find "$work/root/usr/bin" "$work/root/usr/lib" -type f >"$work/files"
 while read -r file; do
     if readelf -d "$file" 2>/dev/null | grep -E 'R(UN)?PATH'; then fail "${file#"$work/root"} has a run path"; fi
 done <"$work/files"
+
+# What people look for beside the program.
+for file in man/man1/zrsupply.1.gz man/man1/zrsupply-tag-decode.1.gz bash-completion/completions/zrsupply \
+    zsh/vendor-completions/_zrsupply fish/vendor_completions.d/zrsupply.fish applications/zrsupply-panel.desktop \
+    doc/zrsupplydatabase-doc/reference/index.html doc/zrsupplydatabase-doc/host-guide.md; do
+    [ -e "$work/root/usr/share/$file" ] || fail "no package has /usr/share/$file"
+done
 
 # A host, built against the unpacked -dev package with a bare compiler line.
 libraries=$(dirname "$(find "$work/root" -name libzrsupplydatabase.so)")
@@ -60,6 +68,7 @@ if mmdebstrap --quiet --variant=apt --format=null \
     --customize-hook='chroot "$1" sh -c "apt-get -q -y install --no-install-recommends /debs/*.deb"' \
     --customize-hook='chroot "$1" env LC_ALL=C.UTF-8 zrsupply demo >"$1/demo.txt"' \
     --customize-hook="cp \"\$1/demo.txt\" $work/demo.txt" \
+    --customize-hook='chroot "$1" env QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 zrsupply-panel --smoke' \
     --customize-hook='chroot "$1" dpkg-query -W >"$1/installed.txt"' \
     --customize-hook="cp \"\$1/installed.txt\" $work/installed.txt" \
     "$suite" /dev/null "$mirror" >"$work/clean.log" 2>&1; then

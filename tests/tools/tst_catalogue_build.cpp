@@ -85,6 +85,10 @@ void TestCatalogueBuild::mistakes_data()
     QTest::newRow("columns in another order")
         << edit(u"ribbon_color.csv"_s, 1, "id,rgbValue", "rgbValue,id")
         << u"ribbon_color.csv:1:1: the columns stand in another order"_s << ribbonColors << 0;
+    QTest::newRow("semicolons between the columns")
+        << Change([](const SourceFolder &sources) { sources.write(u"format.csv"_s, "id;type\n1;Continuous\n"); })
+        << u"format.csv:1:1: the columns are not separated by commas"_s
+        << u"save the file with commas between the fields; the first line is id,type"_s << 0;
     QTest::newRow("empty file") << Change([](const SourceFolder &sources) { sources.write(u"format.csv"_s, {}); })
                                 << u"format.csv:1:1: the file is empty"_s << u"the first line is id,type"_s << 0;
     QTest::newRow("word for a whole number")
@@ -109,6 +113,9 @@ void TestCatalogueBuild::mistakes_data()
     QTest::newRow("decimal comma in quotes")
         << edit(u"materialwidth.csv"_s, 3, "2.25", "\"2,25\"")
         << u"materialwidth.csv:3:5: width is a number, not \"2,25\""_s << u"write 2.25"_s << 0;
+    QTest::newRow("comma that may stand between thousands")
+        << edit(u"materialwidth.csv"_s, 3, "2.25", "\"2,250\"")
+        << u"materialwidth.csv:3:5: width is a number, not \"2,250\""_s << u"with a decimal point"_s << 0;
     QTest::newRow("endless size") << edit(u"materialwidth.csv"_s, 3, "2.25", "inf")
                                   << u"materialwidth.csv:3:5: width is a number, not \"inf\""_s
                                   << u"with a decimal point"_s << 0;
@@ -168,6 +175,9 @@ void TestCatalogueBuild::mistakes_data()
     QTest::newRow("misspelt picture") << edit(u"background.csv"_s, 5, "hang-tag", "hang-tags")
                                       << u"background.csv:5:3: the file svg/hang-tags.svg is missing"_s
                                       << u"did you mean hang-tag.svg?"_s << 0;
+    QTest::newRow("misspelt picture that looks like one of another row")
+        << edit(u"background.csv"_s, 5, "hang-tag", "chevron")
+        << u"background.csv:5:3: the file svg/chevron.svg is missing"_s << u"add it, or leave the field empty"_s << 0;
     QTest::newRow("picture outside its folder")
         << edit(u"background.csv"_s, 5, "hang-tag.svg", "../meta.csv")
         << u"background.csv:5:3: \"../meta.csv\" is no name of a file in the folder svg"_s

@@ -193,7 +193,78 @@ private Q_SLOTS:
         QCOMPARE(runScript(file, looseScript()), QString());
         const CommandRun run = check({file, u"--json"_s});
         QVERIFY(run.json()[u"notAsked"_s].toArray().isEmpty());
-        QCOMPARE(rulesOf(findingsOf(run.json()) - m_sample), Words{u"statement-scans"_s});
+        QCOMPARE(rulesOf(findingsOf(run.json()) - m_sample), (Words{u"key-untyped"_s, u"statement-scans"_s}));
+    }
+
+    /// Statistics of a table with one row let the planner read it whole, and that is no slower than its key.
+    void tableOfOneRow()
+    {
+        const QString file = m_folder.filePath(u"one.sqlite"_s);
+        CommandRun generate = zrsupply({u"catalogue"_s, u"generate"_s, u"--rolls"_s, u"1"_s, u"-o"_s, file});
+        QCOMPARE(generate.run().status, 0);
+        QCOMPARE(rowsOf(file, u"SELECT stat FROM sqlite_stat1 WHERE tbl = 'materialwidth'"_s), QStringList{u"1"_s});
+        QCOMPARE(check({file, u"--only"_s, u"statement-scans"_s}).status, 0);
+        QCOMPARE(runScript(file, u"DROP INDEX roll_supplyId;"_s), QString());
+        const CommandRun run = check({file, u"--only"_s, u"statement-scans"_s, u"--json"_s});
+        QVERIFY2(run.out.contains("SCAN roll"_L1), qPrintable(run.out));
+    }
+
+    void whatIsSaidOfARow_data()
+    {
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("rule");
+        QTest::addColumn<QStringList>("messages");
+
+        QTest::newRow("first of two panels missing")
+            << u"DELETE FROM ribbon_panel WHERE ribbonId = 22 AND panel = 1;"_s << u"ribbon-panels"_s
+            << QStringList{u"ribbon.panels is 2, the panels with a row in ribbon_panel: 2"_s};
+        QTest::newRow("no panel") << u"DELETE FROM ribbon_panel WHERE ribbonId = 1;"_s << u"ribbon-panels"_s
+                                  << QStringList{
+                                         u"ribbon.panels is 1, the panels with a row in ribbon_panel: none"_s};
+        QTest::newRow("ribbon without heats")
+            << u"DELETE FROM ribbon_heat WHERE ribbonId = 1;"_s << u"ribbon-prints-nothing"_s
+            << QStringList{u"It has no row in ribbon_heat"_s};
+        QTest::newRow("ribbon for a material that no roll has")
+            << u"DELETE FROM ribbon_heat WHERE ribbonId = 1;"
+               "INSERT INTO ribbon_heat VALUES (1, 1, 250, 90, 9, 90, 5);"_s
+            << u"ribbon-prints-nothing"_s << QStringList{u"It prints on material 250, which no roll has"_s};
+        QTest::newRow("stripe without a colour")
+            << u"UPDATE continuousstripe SET secColorId = NULL WHERE itemNum = '00144463';"_s << u"tag-stripe"_s
+            << QStringList{u"The tag says 1.5 inches of colour 8, the rows say 1.5 inches of no colour"_s};
+        QTest::newRow("stripe in the tag alone")
+            << u"DELETE FROM continuousstripe WHERE itemNum = '00144463';"_s << u"tag-stripe"_s
+            << QStringList{u"The tag says 1.5 inches of colour 8, the rows say no stripe"_s};
+        QTest::newRow("stripe wider than a negative width")
+            << u"UPDATE materialwidth SET width = -1 WHERE id ="
+               " (SELECT materialWidthId FROM roll WHERE itemNum = '00144463');"_s
+            << u"size-absurd"_s << QStringList();
+        QTest::newRow("language without a name")
+            << u"INSERT INTO meta VALUES ('language.6', 'it'); DELETE FROM formatTS WHERE formatId <> 5;"
+               "DELETE FROM format WHERE id <> 5;"_s
+            << u"name-untranslated"_s << QStringList{u"format 5 has no name in language 6"_s};
+        QTest::newRow("names of a language that is not listed")
+            << u"INSERT INTO colorTS VALUES (1, 9, 'Blanko');"_s << u"name-untranslated"_s << QStringList();
+        QTest::newRow("no list of languages")
+            << u"DROP TABLE meta; DELETE FROM formatTS WHERE formatId = 5 AND languageId = 4;"_s
+            << u"name-untranslated"_s << QStringList{u"format 5 has no name in language 4"_s};
+    }
+
+    void whatIsSaidOfARow()
+    {
+        QFETCH(QString, script);
+        QFETCH(QString, rule);
+        QFETCH(QStringList, messages);
+        const QString file = m_folder.filePath(u"said.sqlite"_s);
+        copySample(file);
+        QCOMPARE(runScript(file, script), QString());
+        const QJsonObject report = check({file, u"--only"_s, rule, u"--json"_s}).json();
+        QVERIFY(report[u"notAsked"_s].toArray().isEmpty());
+        QStringList said;
+        for (const QStringList &finding : findingsOf(report)) {
+            if (rule != "name-untranslated"_L1 || finding.last().startsWith("format"_L1))
+                said.append(finding.last());
+        }
+        QCOMPARE(said, messages);
     }
 
     void lineOfSources_data()

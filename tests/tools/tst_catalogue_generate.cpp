@@ -43,6 +43,8 @@ private Q_SLOTS:
     void everyRollHasARibbon();
     void ribbonsAreComplete();
     void joinsAndNamesAreComplete();
+    void namesAreWords();
+    void colorsLookAsTheyAreCalled();
     void usage_data();
     void usage();
 };
@@ -255,6 +257,48 @@ void TestCatalogueGenerate::joinsAndNamesAreComplete()
     QCOMPARE(rowsOf(file, u"SELECT color.name FROM color JOIN colorTS ON colorId = id AND languageId = 0"
                           " WHERE color.name <> colorTS.name"_s),
              QStringList());
+}
+
+void TestCatalogueGenerate::namesAreWords()
+{
+    const SourceFolder place;
+    const QString file = place.out(u"a.sqlite"_s);
+    QCOMPARE(generate(file, size(100, 10, 11)).status, 0);
+    const QString tables[] = {u"colorTS"_s, u"materialTS"_s, u"formatTS"_s, u"ribbon_typeTS"_s, u"ribbon_colorTS"_s};
+    for (const QString &table : tables) {
+        // Wraps are many, and told apart by their codes.
+        const QString digits = u"SELECT name FROM %1 WHERE name GLOB '*[0-9]*'"_s.arg(table) +
+                               (table == "formatTS"_L1 ? u" AND formatId NOT BETWEEN 41 AND 53"_s : QString());
+        QCOMPARE(rowsOf(file, digits), QStringList());
+        QCOMPARE(rowsOf(file, u"SELECT languageId, name FROM %1 GROUP BY 1, 2 HAVING count(*) > 1"_s.arg(table)),
+                 QStringList());
+    }
+    const QString brown =
+        u"SELECT group_concat(name, ', ') FROM (SELECT colorTS.name FROM colorTS JOIN color ON id = colorId"
+        " WHERE color.name = 'Dark brown' ORDER BY languageId)"_s;
+    QCOMPARE(rowsOf(file, brown),
+             QStringList{u"Dark brown, Dunkelbraun, Marron foncé, Marrón oscuro, 暗い茶, بني داكن, "
+                         "Marrone scuro, Donkerbruin, Ciemnobrązowy, Mörkbrun, Dark brown (qaa)"_s});
+    QCOMPARE(rowsOf(file, u"SELECT DISTINCT name FROM materialTS WHERE languageId = 1 AND name LIKE 'Nylon%'"_s),
+             (QStringList{u"Nylon"_s, u"Nylon, glänzend"_s, u"Nylon, matt"_s}));
+}
+
+void TestCatalogueGenerate::colorsLookAsTheyAreCalled()
+{
+    const SourceFolder place;
+    const QString file = place.out(u"a.sqlite"_s);
+    QCOMPARE(generate(file, size(10, 3, 1)).status, 0);
+    for (const QString &table : {u"color"_s, u"ribbon_color"_s}) {
+        const QString rgb = u"SELECT rgbValue FROM %1 WHERE name = '%2'"_s;
+        QCOMPARE(rowsOf(file, rgb.arg(table, u"White"_s)), QStringList{u"16777215"_s});
+        QCOMPARE(rowsOf(file, rgb.arg(table, u"Black"_s)), QStringList{u"0"_s});
+        QCOMPARE(rowsOf(file, rgb.arg(table, u"Yellow"_s)), QStringList{u"16765184"_s});
+    }
+    const QString brightness = u"SELECT (rgbValue >> 16) + (rgbValue >> 8 & 255) + (rgbValue & 255) FROM color"
+                               " WHERE name LIKE '%yellow' ORDER BY name = 'Yellow', name"_s;
+    const QStringList found = rowsOf(file, brightness); // dark, light, plain
+    QCOMPARE(found.size(), 3);
+    QVERIFY(found[0].toInt() < found[2].toInt() && found[2].toInt() < found[1].toInt());
 }
 
 void TestCatalogueGenerate::usage_data()

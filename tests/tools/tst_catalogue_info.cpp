@@ -212,8 +212,7 @@ void TestCatalogueInfo::unusable_data()
                                    << u"%1-wal lies beside the catalogue: a change of it was not finished"_s
                                    << u"PRAGMA journal_mode = DELETE"_s;
     QTest::newRow("newer schema") << changedBy(u"PRAGMA user_version = 2"_s)
-                                  << u"%1 has schema version 2, this zrsupply knows 1"_s
-                                  << u"install a newer zrsupply"_s;
+                                  << u"%1 has schema version 2, known here is 1"_s << u"install a newer zrsupply"_s;
     QTest::newRow("file format of the future")
         << rewritten([](QByteArray &bytes) { bytes[19] = 3; })
         << u"%1 has a file format that this SQLite does not know"_s << u"install a newer SQLite"_s;

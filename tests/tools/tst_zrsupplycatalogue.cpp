@@ -46,6 +46,9 @@ private Q_SLOTS:
     void driverMissing();
     void oddNames_data();
     void oddNames();
+    void refusedUnlessBare_data();
+    void refusedUnlessBare();
+    void lookupsAreGuarded();
     void neverWritten();
     void everyVerbThatNeedsOne();
 };
@@ -218,6 +221,51 @@ void TestZrsupplyCatalogue::oddNames()
     QCOMPARE(run.status, message.isEmpty() ? 0 : 1);
     QVERIFY2(run.err.contains(message), qPrintable(run.err));
     QCOMPARE(run.out.isEmpty(), !message.isEmpty());
+}
+
+void TestZrsupplyCatalogue::refusedUnlessBare_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::addColumn<QString>("finding");
+
+    QTest::newRow("view") << u"ALTER TABLE ribbon RENAME TO r; CREATE VIEW ribbon AS SELECT * FROM r"_s
+                          << u"not-a-table"_s;
+    QTest::newRow("trigger") << u"CREATE TRIGGER t AFTER INSERT ON roll BEGIN SELECT 1; END"_s << u"has-trigger"_s;
+    QTest::newRow("giant value") << u"INSERT INTO background (id, svg) VALUES (999, zeroblob(2000000))"_s
+                                 << u"giant-value"_s;
+}
+
+/// What the library itself would take is refused for what it may do to the library.
+void TestZrsupplyCatalogue::refusedUnlessBare()
+{
+    QFETCH(QString, change);
+    QFETCH(QString, finding);
+    const FixtureCatalogue catalogue;
+    const QStringList words = {u"list"_s,   u"ribbons"_s,     u"--plain"_s,
+                               u"--json"_s, u"--catalogue"_s, catalogue.path()};
+    const QString expected = zrsupply(words).run().out;
+    catalogue.run(change);
+    CommandRun guarded = zrsupply(words);
+    guarded.run();
+    QCOMPARE(guarded.status, 1);
+    QCOMPARE(guarded.out, QString());
+    QCOMPARE(guarded.error()[u"finding"_s].toString(), finding);
+    QVERIFY(!guarded.error()[u"remedy"_s].toString().isEmpty());
+    CommandRun bare = zrsupply(words + QStringList{u"--no-guard"_s});
+    QCOMPARE(bare.run().out, expected);
+    QCOMPARE(bare.status, 0);
+}
+
+void TestZrsupplyCatalogue::lookupsAreGuarded()
+{
+    // What follows the quote is asked as it stands; trim() with two arguments is what a guarded connection refuses.
+    const QTemporaryDir folder;
+    const QString session = folder.filePath(u"ask.session"_s);
+    write(session, "call supplyWidth \"x' UNION SELECT length(trim('xax', 'x')) --\"\n");
+    CommandRun run = zrsupply({u"session"_s, session});
+    QVERIFY2(run.run().out.contains(u"answer  -1\n"_s), qPrintable(run.out + run.err));
+    run.words.append(u"--no-guard"_s);
+    QVERIFY2(run.run().out.contains(u"answer  1\n"_s), qPrintable(run.out + run.err));
 }
 
 void TestZrsupplyCatalogue::neverWritten()

@@ -3,6 +3,8 @@
 #include "cataloguecheck.h"
 #include "nearest.h"
 
+#include <zrsupplyguard.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -28,6 +30,15 @@ Failure notFound(const QString &what, const QString &sku, const QStringList &sku
             {{u"sku"_s, sku}, {u"nearest"_s, QJsonArray::fromStringList(near)}}};
 }
 
+/// Whatever file a session opens later is guarded as well. A person waits longer for the list of a million rolls than
+/// a printer does.
+bool guardConnections()
+{
+    ZrSupplyGuard::Limits limits;
+    limits.statementMilliseconds = 10'000;
+    return ZrSupplyGuard::install({}, limits);
+}
+
 } // namespace
 
 QString sqlText(const QString &text)
@@ -51,8 +62,12 @@ Catalogue::Catalogue(const Invocation &call)
     : m_path(cataloguePath(call))
     , m_language(call.language())
 {
-    if (const auto problem = catalogueProblem(m_path))
+    const bool isGuarded = !call.has(u"no-guard"_s);
+    if (const auto problem = catalogueProblem(m_path, isGuarded ? Use::Lookups : Use::Author))
         throw *problem;
+    if (isGuarded && !guardConnections()) {
+        throw Failure{Status::Failed, u"SQLite cannot be guarded"_s, u"add --no-guard to do without the guard"_s, {}};
+    }
     if (!m_library.setup(m_path)) {
         throw Failure{
             Status::Failed, u"%1 cannot be opened"_s.arg(m_path), u"try again; it could be read a moment ago"_s, {}};

@@ -15,10 +15,16 @@ struct CatalogueTable
 /// The tables and columns that the library reads.
 const QList<CatalogueTable> &catalogueTables();
 
+/// What a catalogue is wanted for.
+enum class Use {
+    Author, ///< To be read whole by the author's verbs, which cope with what is odd in it.
+    Lookups ///< To be asked by the library under guard.
+};
+
 /// Why the file cannot serve as a catalogue, and what to do about it; nothing when it can.
 ///
 /// To be asked before the library opens the file: the library answers a failed open with a log record and every
 /// failed statement with a default, neither of which tells a person what is wrong.
-std::optional<Failure> catalogueProblem(const QString &path);
+std::optional<Failure> catalogueProblem(const QString &path, Use use = Use::Author);
 
 } // namespace zrsupply

@@ -62,6 +62,14 @@ struct StatusUse
     QString when;
 };
 
+/// A variable of the environment or a file that the command knows.
+struct Note
+{
+    QString name;
+    QString says;
+    QString verb = {}; ///< The verb that it is about; empty: all of them.
+};
+
 struct Command
 {
     QString path; ///< The words of the verb: "roll", "tag decode".
@@ -78,6 +86,13 @@ struct Command
 const QList<Command> &commandTable();
 /// What every verb takes beside its own options.
 const QList<Option> &globalOptions();
+/// What the command is for, in a sentence and at length, and what its exit statuses mean whatever the verb.
+QString programSummary();
+QString programDescription();
+const QList<StatusUse> &statusMeanings();
+/// What the environment decides, and the files that are read and written without being named.
+const QList<Note> &environmentNotes();
+const QList<Note> &fileNotes();
 /// What the first words of several verbs have in common ("tag"), for --help.
 QString groupSummary(const QString &group);
 
@@ -101,6 +116,7 @@ Command replayCommand();            // verb_replay.cpp
 Command ribbonCommand();            // verb_ribbon.cpp
 Command rollCommand();              // verb_roll.cpp
 Command sessionCommand();           // verb_session.cpp
+Command statusCommand();            // verb_status.cpp
 Command tagDecodeCommand();         // verb_tag_decode.cpp
 Command tagEncodeCommand();         // verb_tag_encode.cpp
 

@@ -19,6 +19,7 @@ constexpr Command (*rows[])() = {
     tagDecodeCommand,
     tagEncodeCommand,
     explainCommand,
+    statusCommand,
     sessionCommand,
     replayCommand,
     catalogueBuildCommand,
@@ -67,10 +68,56 @@ const QList<Option> &globalOptions()
          Value::Choice,
          u"WHEN"_s,
          {u"auto"_s, u"always"_s, u"never"_s}},
+        {u"no-guard"_s, u"Ask the bare library: take catalogues that the guard refuses, and lift its bounds"_s},
         {u"help"_s, u"Explain the verb and end"_s},
         {u"version"_s, u"Print the version and end"_s},
     };
     return options;
+}
+
+QString programSummary()
+{
+    return u"Answers questions about the media rolls and ribbons of a thermal-transfer label printer"_s;
+}
+
+QString programDescription()
+{
+    return u"Looks up rolls and ribbons in a catalogue, decodes and encodes the tags of rolls, tells whether a roll and"
+           " its ribbons suit each other and why, plays the host of a printer, and builds and checks catalogues. The"
+           " answer goes to standard output, an error with its remedy to standard error."_s;
+}
+
+const QList<StatusUse> &statusMeanings()
+{
+    static const QList<StatusUse> meanings = {
+        {Status::Ok, u"Done"_s},
+        {Status::Failed, u"It could not be done"_s},
+        {Status::Usage, u"The command line is wrong"_s},
+        {Status::NotFound, u"What was asked for is not in the catalogue"_s},
+    };
+    return meanings;
+}
+
+const QList<Note> &environmentNotes()
+{
+    static const QList<Note> notes = {
+        {u"ZRSUPPLY_CATALOGUE"_s, u"The catalogue file where --catalogue does not name one"_s},
+        {u"NO_COLOR"_s, u"Set to anything: no colours, unless --color says always"_s},
+        {u"COLORTERM"_s, u"truecolor or 24bit: the terminal shows colours as patches"_s},
+        {u"XDG_STATE_HOME"_s, u"The folder of the file of typed lines, else ~/.local/state"_s, u"session"_s},
+    };
+    return notes;
+}
+
+const QList<Note> &fileNotes()
+{
+    static const QList<Note> notes = {
+        {u"../share/zrsupplydatabase/sample.sqlite"_s,
+         u"The sample catalogue, sought from the folder that the command is in"_s},
+        {u"~/.local/state/zrsupply/history"_s, u"The lines that were typed, for the next session on a terminal"_s,
+         u"session"_s},
+    };
+    return notes;
 }
 
 QString groupSummary(const QString &group)

@@ -124,6 +124,32 @@ QJsonObject optionJson(const Option &option)
             {u"letter"_s, option.letter}};
 }
 
+QString notesText(const QList<Note> &notes, const QString &heading, const QString &verb, const Style &style)
+{
+    QString text;
+    for (const Note &note : notes) {
+        if (note.verb == verb)
+            text += entry(note.name, note.says);
+    }
+    return text.isEmpty() ? text : u'\n' + emphasised(heading, style) + u'\n' + text;
+}
+
+QJsonArray notesJson(const QList<Note> &notes)
+{
+    QJsonArray list;
+    for (const Note &note : notes)
+        list.append(QJsonObject{{u"name"_s, note.name}, {u"says"_s, note.says}, {u"verb"_s, note.verb}});
+    return list;
+}
+
+QJsonArray statusesJson(const QList<StatusUse> &uses)
+{
+    QJsonArray list;
+    for (const StatusUse &use : uses)
+        list.append(QJsonObject{{u"status"_s, int(use.status)}, {u"when"_s, use.when}});
+    return list;
+}
+
 QJsonArray optionsJson(const QList<Option> &options)
 {
     QJsonArray list;
@@ -148,11 +174,12 @@ QString overviewText(const Style &style)
     for (const Command &command : commandTable())
         all.append(&command);
 
-    QString text =
-        u"zrsupply answers questions about the media rolls and ribbons of a thermal-transfer label printer.\n"_s;
+    QString text = u"zrsupply "_s + programSummary().at(0).toLower() + programSummary().mid(1) + u".\n"_s;
     text += u'\n' + emphasised(u"Usage"_s, style) + u"\n  zrsupply VERB [arguments] [options]\n"_s;
     text += u'\n' + emphasised(u"Verbs"_s, style) + u'\n' + verbLines(all);
     text += optionsText(globalOptions(), u"Options of every verb"_s, style);
+    text += notesText(environmentNotes(), u"Environment"_s, {}, style);
+    text += notesText(fileNotes(), u"Files"_s, {}, style);
     text += u"\nzrsupply VERB --help explains a verb.\n"_s;
     return text;
 }
@@ -177,6 +204,8 @@ QString commandText(const Command &command, const Style &style)
     }
     text += optionsText(command.options, u"Options"_s, style);
     text += optionsText(globalOptions(), u"Options of every verb"_s, style);
+    text += notesText(environmentNotes(), u"Environment"_s, command.path, style);
+    text += notesText(fileNotes(), u"Files"_s, command.path, style);
     if (!command.examples.isEmpty()) {
         text += u'\n' + emphasised(u"Examples"_s, style) + u'\n';
         for (const Example &example : command.examples)
@@ -207,13 +236,10 @@ QJsonObject commandJson(const Command &command)
     for (const Example &example : command.examples)
         examples.append(
             QJsonObject{{u"commandLine"_s, u"zrsupply "_s + example.commandLine}, {u"says"_s, example.says}});
-    QJsonArray statuses;
-    for (const StatusUse &use : command.statuses)
-        statuses.append(QJsonObject{{u"status"_s, int(use.status)}, {u"when"_s, use.when}});
     return {{u"path"_s, command.path},        {u"summary"_s, command.summary},
             {u"usage"_s, usageLine(command)}, {u"description"_s, command.description},
             {u"arguments"_s, arguments},      {u"options"_s, optionsJson(command.options)},
-            {u"examples"_s, examples},        {u"exitStatuses"_s, statuses}};
+            {u"examples"_s, examples},        {u"exitStatuses"_s, statusesJson(command.statuses)}};
 }
 
 QJsonObject tableJson()
@@ -228,8 +254,13 @@ QJsonObject tableJson()
     }
     return {{u"program"_s, u"zrsupply"_s},
             {u"version"_s, QCoreApplication::applicationVersion()},
+            {u"summary"_s, programSummary()},
+            {u"description"_s, programDescription()},
+            {u"exitStatuses"_s, statusesJson(statusMeanings())},
             {u"globalOptions"_s, optionsJson(globalOptions())},
             {u"groups"_s, groups},
+            {u"environment"_s, notesJson(environmentNotes())},
+            {u"files"_s, notesJson(fileNotes())},
             {u"verbs"_s, verbs}};
 }
 

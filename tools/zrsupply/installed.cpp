@@ -76,7 +76,11 @@ QString barText(double fraction)
 
 QString rollText(ZrSupplyDatabase &library)
 {
-    const QString sku = library.supplySKU();
+    return rollText(library, library.supplySKU());
+}
+
+QString rollText(ZrSupplyDatabase &library, const QString &sku)
+{
     const QString what = QStringList{library.supplyColorName(sku), library.supplyMaterialName(sku)}.join(u' ');
     const double labelLength = library.supplyNonContinuousLength(sku);
     QStringList parts = {what.trimmed()};

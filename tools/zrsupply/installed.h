@@ -16,6 +16,8 @@ QString barText(double fraction);
 
 /// "White Vinyl, 4 in wide, 100 ft" of the installed roll.
 QString rollText(ZrSupplyDatabase &library);
+/// The same of the roll `sku`; of the last tag for an empty text.
+QString rollText(ZrSupplyDatabase &library, const QString &sku);
 /// "Black Resin, 4 1/2 in wide, prints on …" of a ribbon.
 QString ribbonText(ZrSupplyDatabase &library, const QString &sku);
 

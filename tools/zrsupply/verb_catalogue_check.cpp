@@ -288,7 +288,8 @@ Status check(const Invocation &call, Output &out)
     if (!filePath.isEmpty())
         file.emplace(filePath);
     const CheckSubject subject{filePath, file ? file->database() : QSqlDatabase(),
-                               sources ? sources->problems() : QList<CheckFinding>()};
+                               sources ? sources->problems() : QList<CheckFinding>(),
+                               sources ? sources->unused() : QList<CheckFinding>()};
     QList<RuleResult> results = askRules(rules, ids, subject, ignored, progress);
     if (sources) {
         for (RuleResult &result : results)

@@ -166,7 +166,7 @@ void requireSound(const Database &database)
 Status describe(const Invocation &call, Output &out)
 {
     const QString path = call.arguments().isEmpty() ? cataloguePath(call) : call.argument(0);
-    if (const auto problem = catalogueProblem(path))
+    if (const auto problem = catalogueProblem(path, call.has(u"no-guard"_s) ? Use::Author : Use::Lookups))
         throw *problem;
     Progress progress(!call.json());
     try {

@@ -1,71 +1,14 @@
-#include "catalogue.h"
 #include "installed.h"
 #include "literal.h"
+#include "loaded.h"
 #include "output.h"
 #include "units.h"
-
-#include <QtCore/QRegularExpression>
 
 namespace zrsupply {
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-constexpr qsizetype ribbonCount = 2;
-
-/// The 20 digits that identify a roll, or more of its tag; no SKU is as long.
-bool looksLikeTag(const QString &text)
-{
-    static const QRegularExpression digits(u"^[0-9A-Fa-f]{20,}$"_s);
-    return digits.match(text).hasMatch();
-}
-
-void takeInRoll(Catalogue &catalogue, const QString &roll, Answer &answer)
-{
-    ZrSupplyDatabase &library = catalogue.library();
-    if (!looksLikeTag(roll)) {
-        catalogue.requireRoll(roll, true);
-        library.setSupplySKU(roll);
-        return;
-    }
-    library.setSupplyId(roll);
-    if (library.supplySKU() == "UnknownSupply"_L1)
-        answer.addNote(u"no roll on offer has this tag: what is read of the roll is read from its tag."_s);
-    if (library.supplySKU() == unsetString) {
-        answer.addNote(
-            u"a tag of revision 2 or more leaves the SKU as it was; here there was none, so the checks find"
-            " no roll."_s);
-    }
-}
-
-/// The SKU that a word on the command line means: a SKU, an id from a ribbon's tag, or none.
-QString ribbonSku(Catalogue &catalogue, const QString &word, Answer &answer)
-{
-    ZrSupplyDatabase &library = catalogue.library();
-    if (word == "none"_L1 || word == unsetString || library.supplyRibbonSKUList().contains(word))
-        return word == "none"_L1 ? unsetString : word;
-    static const QRegularExpression id(u"^[0-9]+$"_s);
-    if (!id.match(word).hasMatch())
-        catalogue.requireRibbon(word);
-    QString sku = library.getSkusFromRibbonIds({word, word}).first();
-    if (sku == unsetString)
-        answer.addNote(u"no ribbon has the id %1: for the library it is missing."_s.arg(word));
-    return sku;
-}
-
-QStringList ribbonWords(const Invocation &call)
-{
-    QStringList words;
-    for (const QString &value : call.values(u"ribbons"_s))
-        words += value.split(u',', Qt::SkipEmptyParts);
-    words += call.arguments();
-    if (words.size() > ribbonCount) {
-        throw usageFailure(call.command(),
-                           u"a printer holds two ribbons; \"%1\" is one too many"_s.arg(words[ribbonCount]));
-    }
-    return words;
-}
 
 QString outcomeText(Outcome outcome)
 {
@@ -136,17 +79,13 @@ Status run(const Invocation &call, Output &out)
 {
     if (!call.has(u"roll"_s))
         throw usageFailure(call.command(), u"--roll is missing"_s);
-    const QStringList words = ribbonWords(call);
+    static_cast<void>(ribbonWords(call)); // a third one is an error before the catalogue is looked at
     Catalogue catalogue(call);
     ZrSupplyDatabase &library = catalogue.library();
 
     Answer answer;
     takeInRoll(catalogue, call.value(u"roll"_s), answer);
-    QStringList skus;
-    for (const QString &word : words)
-        skus.append(ribbonSku(catalogue, word, answer));
-    while (skus.size() < ribbonCount)
-        skus.append(unsetString);
+    const QStringList skus = ribbonSkus(catalogue, call, answer);
 
     const QString roll = library.supplySKU();
     answer.add(u"roll"_s, u"Roll"_s, {roll, roll == unsetString ? roll : roll + u"  "_s + rollText(library), {}});
@@ -183,11 +122,8 @@ Command explainCommand()
         " they were read from.\n\n"
         "fires: the rule decides the verdict. passes: it has no objection. waived: it objects, and a special ribbon"
         " overrules it. not asked: there is nothing to judge."_s,
-        {{u"RIBBON"_s, u"The second ribbon, where --ribbons is followed by two"_s, Value::RibbonSku, Need::Any}},
-        {{u"roll"_s, u"The roll: a SKU, or 20 to 24 digits of its tag"_s, Value::RollSku, u"SKU|TAG"_s},
-         {u"ribbons"_s,
-          u"One or two ribbons, ribbon 1 first: SKUs or the ids in their tags; none for an empty place"_s,
-          Value::RibbonSku, u"RIBBON"_s}},
+        {secondRibbonArgument()},
+        {rollOption(), ribbonsOption()},
         {{u"explain --roll 00158377 --ribbons R530901 RW530921"_s, u"No resin on paper."_s},
          {u"explain --roll 32100C0C8021004060000000 --ribbons 14 5"_s,
           u"A narrow ribbon on a wide roll, by tag and ids."_s},

@@ -1,6 +1,7 @@
 #include "author/generator.h"
 
 #include "author/generatedmodel.h"
+#include "author/generatednames.h"
 
 #include <QtCore/QMap>
 
@@ -8,69 +9,14 @@ namespace zrsupply {
 
 namespace {
 
-/// A language and its words for what generated names begin with: "Farbe 7".
-struct Language
-{
-    const char *code;
-    const char *color;
-    const char *material;
-    const char *format;
-    const char *ribbonType;
-    const char *ribbonColor;
-};
-
-constexpr std::array languages = {
-    Language{"en", "Colour", "Material", "Format", "Ribbon type", "Ribbon colour"},
-    Language{"de", "Farbe", "Werkstoff", "Format", "Farbbandart", "Farbbandfarbe"},
-    Language{"fr", "Couleur", "Matière", "Format", "Type de ruban", "Couleur de ruban"},
-    Language{"es", "Color", "Material", "Formato", "Tipo de cinta", "Color de cinta"},
-    Language{"ja", "色", "素材", "形式", "リボンの種類", "リボンの色"},
-    Language{"ar", "لون", "خامة", "تنسيق", "نوع الشريط", "لون الشريط"},
-    Language{"it", "Colore", "Materiale", "Formato", "Tipo di nastro", "Colore del nastro"},
-    Language{"nl", "Kleur", "Materiaal", "Formaat", "Linttype", "Lintkleur"},
-    Language{"pl", "Kolor", "Materiał", "Format", "Rodzaj taśmy", "Kolor taśmy"},
-    Language{"sv", "Färg", "Material", "Format", "Färgbandstyp", "Färgbandsfärg"},
-};
-
-/// Beyond the languages above, codes of the range that is kept free for private use, with English words.
-QByteArray languageCode(int language)
-{
-    if (size_t(language) < languages.size()) {
-        const Language &known = languages[size_t(language)];
-        return known.code;
-    }
-    const int number = language - int(languages.size());
-    return QByteArray("q") + char('a' + number / 26) + char('a' + number % 26);
-}
-
-using Word = const char *Language::*;
-
-QByteArray nameOf(int language, Word word, int number)
-{
-    const bool isKnown = size_t(language) < languages.size();
-    const QByteArray name =
-        QByteArray(languages[isKnown ? size_t(language) : 0].*word) + ' ' + QByteArray::number(number);
-    return isKnown ? name : name + " (" + languageCode(language) + ')';
-}
-
-struct FormatName
-{
-    int id;
-    const char *type;
-};
-
-constexpr std::array formats = {
-    FormatName{1, "Continuous"}, FormatName{2, "Striped"},      FormatName{3, "Tag"},   FormatName{5, "DieCut"},
-    FormatName{39, "Nameplate"}, FormatName{40, "RaisedPanel"}, FormatName{41, "Wrap"}, FormatName{42, "Wrap"},
-    FormatName{43, "Wrap"},      FormatName{44, "Wrap"},        FormatName{45, "Wrap"}, FormatName{46, "Wrap"},
-    FormatName{47, "Wrap"},      FormatName{48, "Wrap"},        FormatName{49, "Wrap"}, FormatName{50, "Wrap"},
-    FormatName{51, "Wrap"},      FormatName{52, "Wrap"},        FormatName{53, "Wrap"}, FormatName{54, "Flag"},
-    FormatName{55, "Sleeve"},
-};
-
 constexpr std::array sensors = {"EDGE", "GAP", "MARK", "NOTCH"};
 
-constexpr int whiteRgb = 0xFFFFFF;
+using NameOf = QByteArray (*)(int language, int number);
+
+static_assert(GeneratedModel::colors == generatednames::colorCount);
+static_assert(GeneratedModel::materials == generatednames::materialCount);
+static_assert(GeneratedModel::ribbonTypes == generatednames::ribbonTypeCount);
+static_assert(GeneratedModel::ribbonColors <= generatednames::colorCount);
 
 SqlValue integer(qint64 number)
 {
@@ -113,8 +59,7 @@ private:
     void rolls();
     void sensorRows();
     void stripes();
-    void names(Word word, int count, int (*idOf)(int));
-    int rgb(int number, quint64 what) const;
+    void names(NameOf nameOf, int count, int (*idOf)(int));
 
     template <typename Take>
     void forEachRoll(const Take &take) const;
@@ -130,7 +75,7 @@ int sameId(int number)
 
 int formatIdOf(int number)
 {
-    return formats[size_t(number)].id;
+    return generatednames::formats[size_t(number)].id;
 }
 
 void Generator::fill(const QByteArray &table)
@@ -138,22 +83,27 @@ void Generator::fill(const QByteArray &table)
     static const QMap<QByteArray, void (*)(Generator &)> fillers = {
         {"background", [](Generator &g) { g.backgrounds(); }},
         {"color", [](Generator &g) { g.colors(); }},
-        {"colorTS", [](Generator &g) { g.names(&Language::color, GeneratedModel::colors, GeneratedModel::colorId); }},
+        {"colorTS",
+         [](Generator &g) { g.names(generatednames::color, GeneratedModel::colors, GeneratedModel::colorId); }},
         {"continuousstripe", [](Generator &g) { g.stripes(); }},
         {"format", [](Generator &g) { g.formatRows(); }},
-        {"formatTS", [](Generator &g) { g.names(&Language::format, int(formats.size()), formatIdOf); }},
+        {"formatTS",
+         [](Generator &g) { g.names(generatednames::format, int(generatednames::formats.size()), formatIdOf); }},
         {"materialTS",
-         [](Generator &g) { g.names(&Language::material, GeneratedModel::materials, GeneratedModel::materialId); }},
+         [](Generator &g) {
+             g.names(generatednames::material, GeneratedModel::materials, GeneratedModel::materialId);
+         }},
         {"materialwidth", [](Generator &g) { g.materialWidths(); }},
         {"meta", [](Generator &g) { g.meta(); }},
         {"noncontinuous", [](Generator &g) { g.nonContinuous(); }},
         {"ribbon", [](Generator &g) { g.ribbons(); }},
         {"ribbon_color", [](Generator &g) { g.ribbonColors(); }},
         {"ribbon_colorTS",
-         [](Generator &g) { g.names(&Language::ribbonColor, GeneratedModel::ribbonColors, sameId); }},
+         [](Generator &g) { g.names(generatednames::color, GeneratedModel::ribbonColors, sameId); }},
         {"ribbon_heat", [](Generator &g) { g.heats(); }},
         {"ribbon_panel", [](Generator &g) { g.panels(); }},
-        {"ribbon_typeTS", [](Generator &g) { g.names(&Language::ribbonType, GeneratedModel::ribbonTypes, sameId); }},
+        {"ribbon_typeTS",
+         [](Generator &g) { g.names(generatednames::ribbonType, GeneratedModel::ribbonTypes, sameId); }},
         {"roll", [](Generator &g) { g.rolls(); }},
         {"supplysensor", [](Generator &g) { g.sensorRows(); }},
     };
@@ -162,17 +112,11 @@ void Generator::fill(const QByteArray &table)
         filler(*this);
 }
 
-int Generator::rgb(int number, quint64 what) const
-{
-    if (number < 2)
-        return number == 0 ? whiteRgb : 0;
-    return int(m_model.chance(what, quint64(number)) & 0xFFFFFF);
-}
-
 void Generator::backgrounds()
 {
     for (int number = 1; number <= GeneratedModel::backgrounds; ++number) {
-        const QByteArray color = QByteArray::number(rgb(number + 1, 101), 16).rightJustified(6, '0');
+        const auto rgb = int(m_model.chance(101, quint64(number) + 1) & 0xFFFFFF);
+        const QByteArray color = QByteArray::number(rgb, 16).rightJustified(6, '0');
         const QByteArray count = QByteArray::number(number);
         const QByteArray svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 240 120\">\n"
                                "  <title>Pattern " +
@@ -190,26 +134,27 @@ void Generator::colors()
 {
     for (int number = 0; number < GeneratedModel::colors; ++number) {
         const int id = GeneratedModel::colorId(number);
-        const QByteArray name = nameOf(0, &Language::color, id);
+        const QByteArray name = generatednames::color(0, number);
         const int secId = number < GeneratedModel::stripeColors ? number + 1 : 0;
-        m_sink.addRow({integer(id), integerOrNull(secId), integer(rgb(number, 102)), SqlValue::fromText(name)});
+        m_sink.addRow(
+            {integer(id), integerOrNull(secId), integer(generatednames::colorRgb(number)), SqlValue::fromText(name)});
     }
 }
 
 void Generator::ribbonColors()
 {
     for (int number = 0; number < GeneratedModel::ribbonColors; ++number) {
-        const QByteArray name = nameOf(0, &Language::ribbonColor, number + 1);
-        m_sink.addRow({integer(number + 1), integer(rgb(number, 103)), SqlValue::fromText(name)});
+        const QByteArray name = generatednames::color(0, number);
+        m_sink.addRow({integer(number + 1), integer(generatednames::colorRgb(number)), SqlValue::fromText(name)});
     }
 }
 
-void Generator::names(Word word, int count, int (*idOf)(int))
+void Generator::names(NameOf nameOf, int count, int (*idOf)(int))
 {
     for (int number = 0; number < count; ++number) {
         const int id = idOf(number);
         for (int language = 0; language < settings().languages; ++language) {
-            const QByteArray name = nameOf(language, word, id);
+            const QByteArray name = nameOf(language, number);
             m_sink.addRow({integer(id), integer(language), SqlValue::fromText(name)});
         }
     }
@@ -217,7 +162,7 @@ void Generator::names(Word word, int count, int (*idOf)(int))
 
 void Generator::formatRows()
 {
-    for (const FormatName &format : formats)
+    for (const generatednames::Format &format : generatednames::formats)
         m_sink.addRow({integer(format.id), SqlValue::fromText(format.type)});
 }
 
@@ -236,7 +181,7 @@ void Generator::meta()
         {"dataset_version", "1.0.0"},
     };
     for (int language = 0; language < settings().languages; ++language)
-        facts.insert("language." + QByteArray::number(language), languageCode(language));
+        facts.insert("language." + QByteArray::number(language), generatednames::languageCode(language));
     for (auto fact = facts.constKeyValueBegin(); fact != facts.constKeyValueEnd(); ++fact)
         m_sink.addRow({SqlValue::fromText(fact->first), SqlValue::fromText(fact->second)});
 }

@@ -18,9 +18,19 @@ bool readWhole(QByteArrayView text, Number &number)
     return result.ec == std::errc() && result.ptr == end;
 }
 
+/// A comma with three digits behind it is a decimal point for some and stands between thousands for others.
+bool isAmbiguous(QByteArrayView text)
+{
+    const QByteArrayView trimmed = text.trimmed();
+    const qsizetype comma = trimmed.lastIndexOf(',');
+    return comma >= 0 && trimmed.size() - comma == 4;
+}
+
 /// "4" for " 4 ", "4.5" for "4,5": the number that a text was probably meant to be.
 std::optional<double> meantNumber(QByteArrayView text)
 {
+    if (isAmbiguous(text))
+        return {};
     const QByteArray repaired = text.toByteArray().trimmed().replace(',', '.');
     double number = 0.0;
     if (readReal(repaired, number))

@@ -130,6 +130,13 @@ bool TableLoader::checkHeader(CsvReader &csv)
         add(csv.problem()->line, csv.problem()->column, csv.problem()->message, whole);
         return false;
     }
+    const CsvField &first = csv.fields().front();
+    if (csv.fields().size() == 1 && m_table.columns.size() > 1 &&
+        (first.text.contains(';') || first.text.contains('\t'))) {
+        add(first, u"the columns are not separated by commas"_s,
+            u"save the file with commas between the fields; "_s + whole);
+        return false;
+    }
     QStringList columns;
     for (const SourceColumn &column : m_table.columns)
         columns.append(text(column.name));
@@ -174,7 +181,7 @@ bool TableLoader::checkFieldCount(const CsvReader &csv)
     } else {
         const CsvField &extra = csv.fields()[size_t(m_table.columns.size())];
         add(extra, u"the row has %1 fields, the table %2 columns"_s.arg(count).arg(m_table.columns.size()),
-            u"remove what is too much, or put a text that holds a comma in quotes"_s);
+            u"remove what is too much, put a text that holds a comma in quotes, and write a decimal point in numbers"_s);
     }
     return false;
 }
@@ -262,8 +269,7 @@ bool TableLoader::convertBlob(const CsvField &field, int column, SqlValue &value
     const QString path = folder + u'/' + text(field.text);
     QFile file(QDir(m_sources.m_folder).filePath(path));
     if (!file.exists()) {
-        const QStringList present = QDir(QDir(m_sources.m_folder).filePath(folder)).entryList(QDir::Files);
-        const QStringList near = nearest(text(field.text), present, 1);
+        const QStringList near = nearest(text(field.text), unnamedFiles(folder, column), 1);
         add(field, u"the file %1 is missing"_s.arg(path),
             near.isEmpty() ? u"add it, or leave the field empty"_s : u"did you mean %1?"_s.arg(near.first()));
         return false;
@@ -279,6 +285,21 @@ bool TableLoader::convertBlob(const CsvField &field, int column, SqlValue &value
         m_sources.m_usedFiles.append(path);
     value = SqlValue::fromBlob(m_blob, m_blobName);
     return true;
+}
+
+/// The files of a folder that no row names in `column`: one that is missing may lie there under another name.
+QStringList TableLoader::unnamedFiles(const QString &folder, int column) const
+{
+    QStringList names = QDir(QDir(m_sources.m_folder).filePath(folder)).entryList(QDir::Files);
+    QFile file(QDir(m_sources.m_folder).filePath(m_file));
+    if (!file.open(QIODevice::ReadOnly))
+        return names;
+    CsvReader csv(file);
+    while (csv.next()) {
+        if (size_t(column) < csv.fields().size())
+            names.removeAll(text(csv.fields()[size_t(column)].text));
+    }
+    return names;
 }
 
 QList<TableLoader::Clash> TableLoader::uniqueClashes() const

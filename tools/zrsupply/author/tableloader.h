@@ -34,6 +34,7 @@ private:
     bool convert(const CsvField &field, int column, SqlValue &value);
     bool convertText(const CsvField &field, int column, SqlValue &value);
     bool convertBlob(const CsvField &field, int column, SqlValue &value);
+    QStringList unnamedFiles(const QString &folder, int column) const;
     void nameClashes(QList<Clash> clashes);
     QList<Clash> uniqueClashes() const;
 

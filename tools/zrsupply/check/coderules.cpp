@@ -1,6 +1,7 @@
 #include "check/coderules.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QXmlStreamReader>
 #include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
@@ -49,6 +50,20 @@ QList<CheckFinding> writeAheadLog(const CheckSubject &subject)
     return {{u"sqlite_schema"_s, u"header"_s, {}}};
 }
 
+/// What SQLite puts beside a file while it is written.
+QList<CheckFinding> sideFiles(const CheckSubject &subject)
+{
+    // A file with a write-ahead log has them made by whoever reads it, as we do here.
+    const bool areOurs = !writeAheadLog(subject).isEmpty();
+    QList<CheckFinding> findings;
+    for (const auto suffix : {"-journal"_L1, "-wal"_L1, "-shm"_L1}) {
+        const QFileInfo beside(subject.path + suffix);
+        if (beside.exists() && (suffix == "-journal"_L1 || !areOurs))
+            findings.append({u"sqlite_schema"_s, beside.fileName(), {}});
+    }
+    return findings;
+}
+
 QList<CheckFinding> statementFails(const CheckSubject &subject)
 {
     QList<CheckFinding> findings;
@@ -60,20 +75,67 @@ QList<CheckFinding> statementFails(const CheckSubject &subject)
     return findings;
 }
 
+/// The step of a statement's plan that reads a whole table, or builds an index for it; empty when none does.
+QString scanOf(const QSqlDatabase &database, QLatin1StringView statement)
+{
+    QSqlQuery query(database);
+    if (!query.exec(u"EXPLAIN QUERY PLAN "_s + filled(statement)))
+        return {};
+    while (query.next()) {
+        QString step = query.value(explainedColumn).toString();
+        if (step.startsWith("SCAN"_L1) || step.contains("AUTOMATIC"_L1))
+            return step;
+    }
+    return {};
+}
+
+/// The tables of a catalogue with their keys and indexes, without a row and without statistics. Those of a table with
+/// few rows tell the planner, rightly, to read it whole; here it has nothing but the keys to go by.
+class BareTables
+{
+public:
+    explicit BareTables(const QSqlDatabase &catalogue)
+        : m_database(QSqlDatabase::addDatabase(catalogue.driverName(), m_name))
+    {
+        m_database.setDatabaseName(u":memory:"_s);
+        if (!m_database.open())
+            return;
+        QSqlQuery definitions(catalogue);
+        definitions.setForwardOnly(true);
+        m_isComplete =
+            definitions.exec(u"SELECT sql FROM main.sqlite_schema WHERE sql IS NOT NULL AND name NOT LIKE 'sqlite%'"
+                             " ORDER BY type IN ('index', 'trigger'), rowid"_s);
+        QSqlQuery maker(m_database);
+        while (definitions.next())
+            m_isComplete = maker.exec(definitions.value(0).toString()) && m_isComplete;
+    }
+    ~BareTables()
+    {
+        m_database = {};
+        QSqlDatabase::removeDatabase(m_name);
+    }
+    Q_DISABLE_COPY_MOVE(BareTables)
+
+    /// Whether the keys lead every step of a statement to its rows.
+    bool searches(QLatin1StringView statement) const
+    {
+        return m_isComplete && scanOf(m_database, statement).isEmpty();
+    }
+
+private:
+    const QString m_name = u"zrsupply-bare-tables"_s;
+    QSqlDatabase m_database;
+    bool m_isComplete = false;
+};
+
 QList<CheckFinding> statementScans(const CheckSubject &subject)
 {
     QList<CheckFinding> findings;
-    QSqlQuery query(subject.database);
+    const BareTables bare(subject.database);
     for (const QLatin1StringView statement : sql::allStatements) {
-        if (!isKeyed(statement) || !query.exec(u"EXPLAIN QUERY PLAN "_s + filled(statement)))
-            continue;
-        while (query.next()) {
-            const QString step = query.value(explainedColumn).toString();
-            if (step.startsWith("SCAN"_L1) || step.contains("AUTOMATIC"_L1)) {
-                findings.append(statementFinding(statement, u"plan"_s, step));
-                break;
-            }
-        }
+        const QString step = isKeyed(statement) ? scanOf(subject.database, statement) : QString();
+        if (!step.isEmpty() && !bare.searches(statement))
+            findings.append(statementFinding(statement, u"plan"_s, step));
     }
     return findings;
 }
@@ -116,9 +178,15 @@ QList<CheckFinding> sourcesFail(const CheckSubject &subject)
     return subject.sources;
 }
 
+QList<CheckFinding> sourcesUnused(const CheckSubject &subject)
+{
+    return subject.unused;
+}
+
 constexpr std::pair<QLatin1StringView, CodeRule> codeRules[] = {
     {"writeAheadLog"_L1, writeAheadLog}, {"statementFails"_L1, statementFails}, {"statementScans"_L1, statementScans},
-    {"svgUnreadable"_L1, svgUnreadable}, {"sourcesFail"_L1, sourcesFail},
+    {"svgUnreadable"_L1, svgUnreadable}, {"sourcesFail"_L1, sourcesFail},       {"sourcesUnused"_L1, sourcesUnused},
+    {"sideFiles"_L1, sideFiles},
 };
 
 } // namespace

@@ -12,6 +12,7 @@ struct CheckSubject
     QString path;                ///< The catalogue file, empty where the sources made none.
     QSqlDatabase database;       ///< Open on that file, read only; invalid without one.
     QList<CheckFinding> sources; ///< What is wrong with the form of the sources.
+    QList<CheckFinding> unused;  ///< Files of the sources that no catalogue gets.
 };
 
 using CodeRule = QList<CheckFinding> (*)(const CheckSubject &subject);

@@ -36,6 +36,8 @@ CheckedSources::CheckedSources(const QString &folder, Progress &progress)
         if (!m_problems.isEmpty())
             return;
         writer.publish();
+        for (const QString &name : reader.unusedFiles())
+            m_unused.append({{}, {}, {}, name});
     } catch (const DatabaseError &error) {
         throw writingFailed(error);
     }

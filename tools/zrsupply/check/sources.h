@@ -18,6 +18,8 @@ public:
     QString file() const { return m_file; }
     /// Why not.
     const QList<CheckFinding> &problems() const { return m_problems; }
+    /// Files of the folder that the catalogue has no place for.
+    const QList<CheckFinding> &unused() const { return m_unused; }
 
     /// Says for each finding which line of which file its row comes from. A row that is missing gets the line of the
     /// first one with the same leading part of the key, where there is one.
@@ -30,6 +32,7 @@ private:
     QTemporaryDir m_temporary;
     QString m_file;
     QList<CheckFinding> m_problems;
+    QList<CheckFinding> m_unused;
     QHash<QString, QHash<QString, int>> m_lines; // table, then key
 };
 

@@ -19,6 +19,12 @@
     supplies.setRibbonIds(["14", "5"]);
     say("width of the installed roll", supplies.supplyWidth());
 
+    // A hash is a closed value: it can be passed on, and not looked into.
+    const hash = supplies.supplyColorHash();
+    say("hash", typeof hash);
+    say("its keys", Object.keys(hash));
+    say("White in it", typeof hash["White"]);
+
     // Private slots are for hosts that call by name, which a script cannot.
     say("private slot", typeof supplies.checkRibbonSupplyCombo);
     return lines.join("\n");

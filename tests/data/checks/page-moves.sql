@@ -1,0 +1,3 @@
+-- fires: page-moves
+PRAGMA auto_vacuum = FULL;
+VACUUM;

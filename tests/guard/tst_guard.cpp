@@ -1,0 +1,594 @@
+#include "guardedcatalogue.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QMetaMethod>
+#include <QtCore/QThread>
+#include <QtTest/QtTest>
+
+#include <sqlite3.h>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include <unistd.h>
+
+using namespace Qt::Literals::StringLiterals;
+using ZrSupplyGuard::Limits;
+
+Q_DECLARE_METATYPE(Limits)
+
+namespace {
+
+const QVariant refused(u"default"_s);
+
+/// `count` times `part`, separated.
+QString repeated(const QString &part, int count, const QString &separator)
+{
+    return QStringList(count, part).join(separator);
+}
+
+/// Counts to `rows` and takes the time for it.
+QString counting(qint64 rows)
+{
+    return u"SELECT count(*) FROM (WITH RECURSIVE n(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM n LIMIT %1)"
+           " SELECT x FROM n)"_s.arg(rows);
+}
+
+/// Each name stands for the one before it twice, so that SQLite expands 2^`doublings` questions while it compiles.
+QString doubling(int doublings)
+{
+    QString text = u"SELECT (WITH c0(x) AS (SELECT 1)"_s;
+    for (int n = 1; n <= doublings; ++n)
+        text += u", c%1(x) AS (SELECT a.x FROM c%2 a, c%2 b)"_s.arg(n).arg(n - 1);
+    return text + u" SELECT x FROM c%1)"_s.arg(doublings);
+}
+
+struct Closer
+{
+    void operator()(sqlite3 *connection) const { sqlite3_close(connection); }
+};
+using Raw = std::unique_ptr<sqlite3, Closer>;
+
+Raw opened(const QString &path, int flags = SQLITE_OPEN_READONLY)
+{
+    sqlite3 *connection = nullptr;
+    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &connection, flags, nullptr) != SQLITE_OK)
+        qFatal("%s does not open", qPrintable(path));
+    return Raw(connection);
+}
+
+bool runs(const Raw &connection, const char *sql)
+{
+    return sqlite3_exec(connection.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+/// A guarded connection is told by what it refuses.
+bool isGuarded(const QString &path)
+{
+    return !runs(opened(path), "CREATE TEMP TABLE t (x)");
+}
+
+} // namespace
+
+class TestGuard : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void bounds_data();
+    void bounds();
+    void boundsCanBeLeftOut();
+    void refusedStatements_data();
+    void refusedStatements();
+    void allowedStatements_data();
+    void allowedStatements();
+    void hostileFiles_data();
+    void hostileFiles();
+    void virtualTablesHaveNoModule();
+    void options_data();
+    void options();
+    void endlessQuestions_data();
+    void endlessQuestions();
+    void clockStartsAnew();
+    void foreignLock();
+    void memoryIsBoundedAndReleased();
+    void connectionsOfOneFile();
+    void writersAreLeftAlone();
+    void uriIsRefused();
+    void nothingIsKept();
+    void threads();
+    void everyLookupAnswersTheSame();
+};
+
+void TestGuard::bounds_data()
+{
+    QTest::addColumn<QString>("question");
+    QTest::addColumn<QVariant>("bare");
+    QTest::addColumn<Limits>("limits");
+
+    const Limits usual;
+    Limits few = usual;
+    few.statementMilliseconds = 5;
+    Limits little = usual;
+    little.processHeapBytes = qint64(8) << 20;
+    QTest::newRow("time") << counting(2'000'000) << QVariant(2'000'000) << few;
+    QTest::newRow("value") << u"SELECT length(hex(zeroblob(600000)))"_s << QVariant(1'200'000) << usual;
+    QTest::newRow("statement") << u"SELECT 1 "_s + QString(1 << 16, u' ') + u"+ 1"_s << QVariant(2) << usual;
+    QTest::newRow("compound") << repeated(u"SELECT 7"_s, 21, u" UNION ALL "_s) << QVariant(7) << usual;
+    QTest::newRow("expression") << u"SELECT "_s + repeated(u"1"_s, 102, u"+"_s) << QVariant(102) << usual;
+    QTest::newRow("program") << u"SELECT 1 IN ("_s + repeated(u"random()"_s, 7200, u","_s) + u')' << QVariant(0)
+                             << usual;
+    QTest::newRow("columns") << u"SELECT "_s + repeated(u"3"_s, 101, u","_s) << QVariant(3) << usual;
+    QTest::newRow("arguments") << u"SELECT max("_s + repeated(u"4"_s, 17, u","_s) + u')' << QVariant(4) << usual;
+    QTest::newRow("pattern") << u"SELECT 'aa' LIKE '%1'"_s.arg(QString(65, u'%')) << QVariant(1) << usual;
+    QTest::newRow("memory while compiling") << doubling(13) << QVariant(1) << little;
+}
+
+/// Each bound bites, and nothing but the guard is what bites.
+void TestGuard::bounds()
+{
+    QFETCH(QString, question);
+    QFETCH(QVariant, bare);
+    QFETCH(Limits, limits);
+    const FixtureCatalogue catalogue;
+    QCOMPARE(answer(catalogue.path(), question), bare);
+    QCOMPARE(guardedAnswer(catalogue.path(), question, limits), refused);
+    QCOMPARE(answer(catalogue.path(), question), bare);
+}
+
+void TestGuard::boundsCanBeLeftOut()
+{
+    const FixtureCatalogue catalogue;
+    Limits none;
+    for (int Limits::*bound :
+         {&Limits::statementMilliseconds, &Limits::valueBytes, &Limits::statementBytes, &Limits::compoundSelects,
+          &Limits::expressionDepth, &Limits::programSteps, &Limits::columns, &Limits::functionArguments,
+          &Limits::patternBytes, &Limits::boundValues})
+        none.*bound = 0;
+    none.processHeapBytes = 0;
+    const Guarded guarded(catalogue.path(), none);
+    const Raw connection = opened(catalogue.path());
+    QVERIFY(!runs(connection, "CREATE TEMP TABLE t (x)"));
+    QCOMPARE(sqlite3_hard_heap_limit64(-1), 0);
+    QCOMPARE(sqlite3_limit(connection.get(), SQLITE_LIMIT_COLUMN, -1), 2000);
+    QCOMPARE(sqlite3_limit(connection.get(), SQLITE_LIMIT_ATTACHED, -1), 0);
+    QVERIFY(runs(connection, "SELECT length(hex(zeroblob(600000)))"));
+}
+
+void TestGuard::refusedStatements_data()
+{
+    QTest::addColumn<QString>("statement");
+    for (const auto statement : {"CREATE TEMP TABLE t (x)",
+                                 "CREATE TEMP VIEW v AS SELECT 1",
+                                 "ATTACH ':memory:' AS other",
+                                 "CREATE VIRTUAL TABLE temp.f USING fts5(x)",
+                                 "PRAGMA case_sensitive_like = ON",
+                                 "PRAGMA cache_size = 1",
+                                 "PRAGMA integrity_check",
+                                 "PRAGMA temp_store_directory = '/'",
+                                 "PRAGMA query_only = OFF",
+                                 "PRAGMA trusted_schema = ON",
+                                 "SELECT instr('ab', 'b')",
+                                 "SELECT replace('ab', 'b', 'c')",
+                                 "SELECT trim('ab', 'b')",
+                                 "SELECT ltrim('ab', 'b')",
+                                 "SELECT rtrim('ab', 'b')",
+                                 "SELECT json_patch('{}', '{}')",
+                                 "SELECT * FROM sqlite_stmt",
+                                 "SELECT * FROM dbstat",
+                                 "SELECT ?101",
+                                 "SELECT fts3_tokenizer('simple')",
+                                 "SELECT fts3_tokenizer('mine', fts3_tokenizer('simple'))",
+                                 "SELECT token FROM fts3tokenize WHERE input='a b'",
+                                 "SELECT name FROM pragma_table_info('roll')",
+                                 "SELECT value FROM json_each('[1]')"}) {
+        QTest::newRow(statement) << QString::fromLatin1(statement);
+    }
+}
+
+void TestGuard::refusedStatements()
+{
+    QFETCH(QString, statement);
+    const FixtureCatalogue catalogue;
+    const QByteArray text = statement.toUtf8();
+    QVERIFY(runs(opened(catalogue.path()), text.constData()));
+    const Guarded guarded;
+    QVERIFY(!runs(opened(catalogue.path()), text.constData()));
+}
+
+void TestGuard::allowedStatements_data()
+{
+    QTest::addColumn<QString>("statement");
+    for (const auto statement :
+         {"SELECT name FROM sqlite_schema", "PRAGMA table_info(roll)", "PRAGMA index_list(roll)",
+          "PRAGMA user_version", "BEGIN; SELECT count(*) FROM roll; COMMIT",
+          "SELECT trim(' a ') || upper('b') || group_concat(itemNum) FROM roll",
+          "WITH RECURSIVE n(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM n LIMIT 50) SELECT sum(x) FROM n",
+          "EXPLAIN QUERY PLAN SELECT width FROM materialwidth ORDER BY width"}) {
+        QTest::newRow(statement) << QString::fromLatin1(statement);
+    }
+}
+
+void TestGuard::allowedStatements()
+{
+    QFETCH(QString, statement);
+    const FixtureCatalogue catalogue;
+    const Guarded guarded;
+    const Raw connection = opened(catalogue.path());
+    QVERIFY2(runs(connection, statement.toUtf8().constData()), sqlite3_errmsg(connection.get()));
+}
+
+void TestGuard::hostileFiles_data()
+{
+    QTest::addColumn<QString>("hostile");
+    QTest::addColumn<QString>("question");
+    QTest::addColumn<QVariant>("bare");
+
+    const QString landscape = u"SELECT landscape FROM roll LIMIT 1"_s;
+    const QString computed = u"DROP TABLE roll; CREATE TABLE roll (itemNum TEXT, landscape AS (%1));"
+                             "INSERT INTO roll (itemNum) VALUES ('a')"_s;
+    QTest::newRow("view") << u"DROP TABLE roll; CREATE VIEW roll AS SELECT 'a' AS itemNum, 1 AS landscape"_s
+                          << landscape << QVariant(1);
+    QTest::newRow("virtual table") << u"DROP TABLE roll; CREATE VIRTUAL TABLE roll USING fts5(itemNum, landscape);"
+                                      "INSERT INTO roll VALUES ('a', 1)"_s
+                                   << landscape << QVariant(1);
+    QTest::newRow("giant row") << u"DROP TABLE roll; CREATE TABLE roll (itemNum, landscape);"
+                                  "INSERT INTO roll VALUES (zeroblob(2000000), 1)"_s
+                               << u"SELECT length(hex(itemNum)) + landscape FROM roll"_s << QVariant(4'000'001);
+    QTest::newRow("giant computed value")
+        << computed.arg(u"length(hex(zeroblob(600000)))"_s) << landscape << QVariant(1'200'000);
+    QTest::newRow("slow function in a computed column")
+        << computed.arg(u"length(trim(hex(zeroblob(50)), '01'))"_s) << landscape << QVariant(0);
+    QTest::newRow("many columns") << u"DROP TABLE roll; CREATE TABLE roll (itemNum, landscape, c%1);"
+                                     "INSERT INTO roll (itemNum, landscape) VALUES ('a', 1)"_s.arg([] {
+                                         QStringList names;
+                                         for (int n = 0; n < 100; ++n)
+                                             names.append(QString::number(n));
+                                         return names.join(u", c"_s);
+                                     }())
+                                  << landscape << QVariant(1);
+}
+
+void TestGuard::hostileFiles()
+{
+    QFETCH(QString, hostile);
+    QFETCH(QString, question);
+    QFETCH(QVariant, bare);
+    const FixtureCatalogue catalogue;
+    catalogue.run(hostile);
+    QCOMPARE(answer(catalogue.path(), question), bare);
+    QCOMPARE(guardedAnswer(catalogue.path(), question), refused);
+}
+
+/// A connection that lost its authorizer still runs no virtual table's code.
+void TestGuard::virtualTablesHaveNoModule()
+{
+    const FixtureCatalogue catalogue;
+    catalogue.run(u"CREATE VIRTUAL TABLE f USING fts5(x)"_s);
+    const auto reads = [&] {
+        const Raw connection = opened(catalogue.path());
+        sqlite3_set_authorizer(connection.get(), nullptr, nullptr);
+        return runs(connection, "SELECT x FROM f");
+    };
+    QVERIFY(reads());
+    const Guarded guarded;
+    QVERIFY(!reads());
+}
+
+void TestGuard::options_data()
+{
+    QTest::addColumn<int>("option");
+    QTest::addColumn<int>("guarded");
+    QTest::newRow("defensive") << SQLITE_DBCONFIG_DEFENSIVE << 1;
+    QTest::newRow("trusted schema") << SQLITE_DBCONFIG_TRUSTED_SCHEMA << 0;
+    QTest::newRow("views") << SQLITE_DBCONFIG_ENABLE_VIEW << 0;
+    QTest::newRow("triggers") << SQLITE_DBCONFIG_ENABLE_TRIGGER << 0;
+    QTest::newRow("tokenizer") << SQLITE_DBCONFIG_ENABLE_FTS3_TOKENIZER << 0;
+    QTest::newRow("extensions") << SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION << 0;
+}
+
+void TestGuard::options()
+{
+    QFETCH(int, option);
+    QFETCH(int, guarded);
+    const FixtureCatalogue catalogue;
+    const auto isOn = [&] {
+        int value = -1;
+        sqlite3_db_config(opened(catalogue.path()).get(), option, -1, &value);
+        return value;
+    };
+    const int bare = isOn();
+    const Guarded guard;
+    QCOMPARE(isOn(), guarded);
+    // Two of them are SQLite's own choice in this build; the guard does not depend on that.
+    if (option != SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION && option != SQLITE_DBCONFIG_ENABLE_FTS3_TOKENIZER)
+        QVERIFY(bare != guarded);
+}
+
+void TestGuard::endlessQuestions_data()
+{
+    QTest::addColumn<QString>("question");
+    const QString endless = u"WITH RECURSIVE n(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM n) "_s;
+    QTest::newRow("recursion") << endless + u"SELECT count(*) FROM n"_s;
+    QTest::newRow("growing memory")
+        << u"WITH RECURSIVE n(x) AS (SELECT hex(zeroblob(500000)) UNION ALL SELECT x FROM n) SELECT count(*) FROM n"_s;
+    QTest::newRow("sorting") << endless + u"SELECT x FROM n ORDER BY -x"_s;
+    QTest::newRow("slow patterns")
+        << endless + u"SELECT count(*) FROM n WHERE hex(zeroblob(500000)) || x LIKE '%_%1a'"_s.arg(QString(55, u'0'));
+    QTest::newRow("joins") << u"SELECT count(*) FROM "_s + repeated(u"ribbon_heat"_s, 20, u" JOIN "_s);
+    QTest::newRow("doubled while compiling") << doubling(25);
+    QTest::newRow("doubled rows") << u"WITH a(x) AS (VALUES (1),(1)) SELECT count(*) FROM "_s +
+                                         repeated(u"a"_s, 40, u" JOIN "_s);
+}
+
+/// Without the guard none of these ends in this world.
+void TestGuard::endlessQuestions()
+{
+    QFETCH(QString, question);
+    const FixtureCatalogue catalogue;
+    QCOMPARE(guardedAnswer(catalogue.path(), question), refused);
+}
+
+/// The clock starts anew with each statement, also with one that was compiled before.
+void TestGuard::clockStartsAnew()
+{
+    const FixtureCatalogue catalogue;
+    Limits limits;
+    limits.statementMilliseconds = 300;
+    const Guarded guarded({}, limits);
+    const Raw connection = opened(catalogue.path());
+    const QByteArray brief = counting(5'000).toUtf8();
+    sqlite3_stmt *compiled = nullptr;
+    sqlite3_prepare_v2(connection.get(), brief.constData(), -1, &compiled, nullptr);
+    for (int turn = 0; turn < 2; ++turn) {
+        QVERIFY(!runs(connection, counting(1'000'000'000).toUtf8().constData()));
+        QCOMPARE(sqlite3_step(compiled), SQLITE_ROW);
+        sqlite3_reset(compiled);
+    }
+    QVERIFY(!runs(connection, counting(1'000'000'000).toUtf8().constData()));
+    QVERIFY(runs(connection, brief.constData()));
+    sqlite3_finalize(compiled);
+
+    // Also for the tables' definitions, which SQLite reads by a statement that it does not tell of.
+    QVERIFY(!runs(connection, counting(1'000'000'000).toUtf8().constData()));
+    catalogue.run(u"CREATE TABLE fresh (x)"_s);
+    QVERIFY2(runs(connection, "SELECT count(*) FROM fresh"), sqlite3_errmsg(connection.get()));
+}
+
+/// Qt waits five seconds for a lock; the guard no longer than for a statement.
+void TestGuard::foreignLock()
+{
+    const FixtureCatalogue catalogue;
+    const Guarded guarded(catalogue.path());
+    const Raw writer = opened(catalogue.path(), SQLITE_OPEN_READWRITE);
+    const QString question = u"SELECT 1 FROM roll"_s;
+    ZrSupplyDatabase library;
+    QVERIFY(library.setup(catalogue.path()));
+
+    QVERIFY(runs(writer, "BEGIN EXCLUSIVE"));
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(library.getSingleVariantByQuery(question, refused), refused);
+    QCOMPARE(library.getSingleVariantByQuery(question, refused), refused);
+    QVERIFY2(timer.elapsed() < 4'000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY(runs(writer, "COMMIT"));
+    QCOMPARE(library.getSingleVariantByQuery(question, refused), QVariant(1));
+}
+
+void TestGuard::memoryIsBoundedAndReleased()
+{
+    sqlite3_hard_heap_limit64(qint64(1) << 30);
+    sqlite3_soft_heap_limit64(qint64(1) << 29);
+    {
+        const Guarded guarded;
+        QCOMPARE(sqlite3_hard_heap_limit64(-1), Limits().processHeapBytes);
+        Limits other;
+        other.processHeapBytes = qint64(1) << 25;
+        QVERIFY(ZrSupplyGuard::install({}, other));
+        QCOMPARE(sqlite3_hard_heap_limit64(-1), qint64(1) << 25);
+        other.processHeapBytes = qint64(1) << 31;
+        QVERIFY(ZrSupplyGuard::install({}, other));
+        QCOMPARE(sqlite3_hard_heap_limit64(-1), qint64(1) << 30);
+    }
+    QCOMPARE(sqlite3_hard_heap_limit64(-1), qint64(1) << 30);
+    QCOMPARE(sqlite3_soft_heap_limit64(-1), qint64(1) << 29);
+    sqlite3_hard_heap_limit64(0);
+    sqlite3_soft_heap_limit64(0);
+}
+
+void TestGuard::connectionsOfOneFile()
+{
+    const FixtureCatalogue catalogue;
+    const FixtureCatalogue other;
+    const QTemporaryDir folder;
+    const QString link = folder.filePath(u"link"_s);
+    const QString hardLink = QFileInfo(catalogue.path()).dir().filePath(u"other-name"_s);
+    QVERIFY(QFile::link(catalogue.path(), link));
+    QCOMPARE(::link(qPrintable(catalogue.path()), qPrintable(hardLink)), 0);
+    const QString relative = QDir::current().relativeFilePath(catalogue.path());
+
+    for (const QString &named : {catalogue.path(), link, hardLink, relative}) {
+        const Guarded guarded(named);
+        for (const QString &path : {catalogue.path(), link, hardLink, relative})
+            QVERIFY2(isGuarded(path), qPrintable(named + u" as "_s + path));
+        QVERIFY(!isGuarded(other.path()));
+        QVERIFY(runs(opened(u":memory:"_s, SQLITE_OPEN_READWRITE), "CREATE TABLE t (x)"));
+    }
+    QVERIFY(!isGuarded(catalogue.path()));
+
+    const Guarded guarded;
+    QVERIFY(isGuarded(catalogue.path()));
+    QVERIFY(isGuarded(other.path()));
+    // A connection that is open stays as it is, whatever comes after.
+    const Raw kept = opened(catalogue.path());
+    ZrSupplyGuard::remove();
+    const Raw bare = opened(catalogue.path());
+    QVERIFY(ZrSupplyGuard::install());
+    QVERIFY(!runs(kept, "CREATE TEMP TABLE t (x)"));
+    QVERIFY(runs(bare, "CREATE TEMP TABLE t (x)"));
+}
+
+void TestGuard::writersAreLeftAlone()
+{
+    const FixtureCatalogue catalogue;
+    Limits limits;
+    {
+        const Guarded guarded({}, limits);
+        const Raw writer = opened(catalogue.path(), SQLITE_OPEN_READWRITE);
+        QVERIFY(runs(writer, "DELETE FROM background"));
+        QVERIFY(runs(writer, "ATTACH ':memory:' AS other"));
+        QVERIFY(runs(writer, "SELECT length(hex(zeroblob(600000)))"));
+    }
+    limits.writableToo = true;
+    const Guarded guarded({}, limits);
+    const Raw writer = opened(catalogue.path(), SQLITE_OPEN_READWRITE);
+    QVERIFY(runs(writer, "SELECT count(*) FROM color"));
+    QVERIFY(!runs(writer, "DELETE FROM color"));
+    QVERIFY(!runs(writer, "PRAGMA user_version = 9"));
+    QVERIFY(!runs(writer, "ATTACH ':memory:' AS other"));
+}
+
+void TestGuard::uriIsRefused()
+{
+    const FixtureCatalogue catalogue;
+    QVERIFY(!ZrSupplyGuard::install(u"file:"_s + catalogue.path()));
+    QVERIFY(!isGuarded(catalogue.path()));
+    QVERIFY(ZrSupplyGuard::install());
+    QVERIFY(!ZrSupplyGuard::install(u"FILE:x"_s));
+    QVERIFY(!isGuarded(catalogue.path()));
+    QCOMPARE(sqlite3_hard_heap_limit64(-1), 0);
+    ZrSupplyGuard::remove();
+}
+
+void TestGuard::nothingIsKept()
+{
+    const FixtureCatalogue catalogue;
+    const Guarded guarded;
+    opened(catalogue.path());
+    const qint64 before = sqlite3_memory_used();
+    for (int n = 0; n < 200; ++n)
+        runs(opened(catalogue.path()), "SELECT count(*) FROM roll");
+    QCOMPARE(sqlite3_memory_used(), before);
+}
+
+/// Connections are opened while the guard comes and goes: each is whole, guarded or bare.
+void TestGuard::threads()
+{
+    const FixtureCatalogue catalogue;
+    std::vector<std::unique_ptr<QThread>> threads;
+    std::atomic<int> right = 0;
+    constexpr int each = 100;
+    for (int n = 0; n < 4; ++n) {
+        threads.emplace_back(QThread::create([&] {
+            for (int turn = 0; turn < each; ++turn) {
+                const Raw connection = opened(catalogue.path());
+                const bool isBare = runs(connection, "CREATE TEMP TABLE t (x)");
+                if (runs(connection, "SELECT trim('ab', 'b'), instr('ab', 'b')") == isBare)
+                    ++right;
+            }
+        }));
+        threads.back()->start();
+    }
+    for (int turn = 0; turn < each; ++turn) {
+        QVERIFY(ZrSupplyGuard::install());
+        ZrSupplyGuard::remove();
+    }
+    for (const auto &thread : threads)
+        thread->wait();
+    QCOMPARE(right.load(), int(threads.size()) * each);
+}
+
+namespace {
+
+/// Values to ask with, by the type of a parameter.
+QVariantList valuesFor(int type, const FixtureCatalogue &catalogue)
+{
+    const auto column = [&](const QString &statement) {
+        return answer(catalogue.path(), statement).toString().split(u' ');
+    };
+    switch (type) {
+    case QMetaType::QString: {
+        QVariantList values = {u""_s, u"UnknownSupply"_s, u"-1"_s, u"no such"_s, u"it's"_s, u"' OR '1'='1"_s, u"1"_s};
+        for (const auto &text : column(u"SELECT (SELECT group_concat(itemNum, ' ') FROM roll) || ' ' ||"
+                                       " (SELECT group_concat(sku, ' ') FROM ribbon) || ' ' ||"
+                                       " (SELECT group_concat(supplysensortype, ' ') FROM supplysensor)"_s))
+            values.append(text);
+        return values;
+    }
+    case QMetaType::Int:
+        return {-1, 0, 1, 2, 3, 7};
+    case QMetaType::Double:
+        return {-1.0, 0.5, 100.0};
+    default:
+        return {};
+    }
+}
+
+/// Every value for every parameter, the later parameters turning fastest.
+void forEachCombination(const QList<QVariantList> &values, QVariantList &chosen,
+                        const std::function<void(const QVariantList &)> &call)
+{
+    if (chosen.size() == values.size()) {
+        call(chosen);
+        return;
+    }
+    for (const QVariant &value : values[chosen.size()]) {
+        chosen.append(value);
+        forEachCombination(values, chosen, call);
+        chosen.removeLast();
+    }
+}
+
+/// What every operation that returns something answers to every combination of values, in the order of the interface.
+QStringList allAnswers(const FixtureCatalogue &catalogue, const QHash<int, QVariantList> &pool)
+{
+    ZrSupplyDatabase library;
+    library.setup(catalogue.path());
+    QStringList answers;
+    const QMetaObject *meta = library.metaObject();
+    for (int index = meta->methodOffset(); index < meta->methodCount(); ++index) {
+        const QMetaMethod method = meta->method(index);
+        if (method.returnType() == QMetaType::Void || method.name() == "setup")
+            continue;
+        QList<QVariantList> values;
+        for (int n = 0; n < method.parameterCount(); ++n)
+            values.append(pool.value(method.parameterType(n)));
+        QVariantList chosen;
+        forEachCombination(values, chosen, [&](const QVariantList &arguments) {
+            QVariant result(method.returnMetaType());
+            void *slots_[8] = {method.returnMetaType() == QMetaType::fromType<QVariant>()
+                                   ? static_cast<void *>(&result)
+                                   : result.data()};
+            QVariantList kept = arguments;
+            for (qsizetype n = 0; n < kept.size(); ++n)
+                slots_[n + 1] = kept[n].data();
+            QMetaObject::metacall(&library, QMetaObject::InvokeMetaMethod, index, slots_);
+            QString text;
+            QDebug(&text) << method.methodSignature() << arguments << result;
+            answers.append(text);
+        });
+    }
+    return answers;
+}
+
+} // namespace
+
+void TestGuard::everyLookupAnswersTheSame()
+{
+    const FixtureCatalogue catalogue;
+    QHash<int, QVariantList> pool;
+    for (const int type : {QMetaType::QString, QMetaType::Int, QMetaType::Double})
+        pool.insert(type, valuesFor(type, catalogue));
+    const QStringList bare = allAnswers(catalogue, pool);
+    const Guarded guarded(catalogue.path());
+    const QStringList under = allAnswers(catalogue, pool);
+    QVERIFY2(bare.size() > 1000, qPrintable(QString::number(bare.size())));
+    for (qsizetype n = 0; n < bare.size(); ++n)
+        QCOMPARE(under[n], bare[n]);
+}
+
+QTEST_GUILESS_MAIN(TestGuard)
+#include "tst_guard.moc"
