@@ -1,0 +1,10 @@
+import QtQuick
+import ZrSupply.Panel
+
+Text {
+    color: Theme.ink
+    font.pixelSize: Theme.body
+    elide: Text.ElideRight
+    horizontalAlignment: Text.AlignLeft
+    textFormat: Text.PlainText
+}
