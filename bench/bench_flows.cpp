@@ -15,6 +15,7 @@
 #include <QtSql/QSqlDatabase>
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 #include <sqlite3.h>
 
 #include <array>
@@ -59,6 +60,19 @@ QVariantHash rawHash(const Catalogue &catalogue, QLatin1StringView text)
     return hash;
 }
 
+/// What stays on the heap for one answer: a second copy of the texts would show.
+template <typename Answer>
+void countBytes(benchmark::State &state, Answer answer)
+{
+    const auto inUse = [] {
+        const struct mallinfo2 heap = mallinfo2();
+        return heap.uordblks + heap.hblkhd;
+    };
+    const size_t before = inUse();
+    const auto list = answer();
+    state.counters["bytes"] = double(inUse() - before);
+}
+
 template <typename Slot>
 void listBySlot(benchmark::State &state, Slot slot, long rolls)
 {
@@ -68,8 +82,9 @@ void listBySlot(benchmark::State &state, Slot slot, long rolls)
     for (auto _ : state) {
         auto list = (database.*slot)();
         benchmark::DoNotOptimize(list);
-        state.counters["entries"] = double(list.size());
     }
+    state.counters["entries"] = double((database.*slot)().size());
+    countBytes(state, [&] { return (database.*slot)(); });
 }
 
 template <typename Make>
@@ -80,6 +95,7 @@ void listRaw(benchmark::State &state, Make make, QLatin1StringView text, long ro
         auto list = make(catalogue, text);
         benchmark::DoNotOptimize(list);
     }
+    countBytes(state, [&] { return make(catalogue, text); });
 }
 
 template <typename Slot, typename Make>

@@ -1,5 +1,5 @@
 // One lookup, each of the 39 keyed texts: the library beside the SQLite C interface and beside others, in one run.
-// Names are lookup/<text>/<way>/<rolls>.
+// Names are lookup/<text>/<rolls> and growth/<text>/<rolls>; a counter for each way says nanoseconds.
 
 #include "benchtag.h"
 #include "catalogues.h"
@@ -12,14 +12,23 @@
 #include <QtSql/QSqlDatabase>
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
+#include <algorithm>
+#include <ctime>
+#include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr size_t questionCount = 256;
+constexpr size_t questionCount = 4096;
+constexpr size_t warmUpCount = 1024;
+constexpr size_t blockSize = 64;
+constexpr int roundCount = 100;
 
 /// The library with a catalogue open and a tag loaded whose material ribbons print on.
 class Library
@@ -35,26 +44,81 @@ public:
     ZrSupplyDatabase database;
 };
 
-void askLibrary(benchmark::State &state, const KeyedLookup *lookup, long rolls)
+/// One that answers: the library, or another way to ask the same.
+struct Contestant
 {
-    const Catalogue &catalogue = Catalogue::ofRolls(rolls);
-    Library library(catalogue);
-    size_t n = 0;
-    for (auto _ : state)
-        lookup->ask(library.database, catalogue, n++);
+    std::string name;
+    std::function<void(size_t)> ask;
+    std::vector<double> blocks; ///< Nanoseconds of processor time for each block of questions.
+};
+
+double threadNanoseconds()
+{
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return double(now.tv_sec) * 1e9 + double(now.tv_nsec);
 }
 
-void askOtherwise(benchmark::State &state, const KeyedLookup *lookup, const WayRow *row, long rolls)
+double median(std::vector<double> values)
+{
+    const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+/// All contestants in turn, a block of the same questions each, round after round: what disturbs the machine disturbs
+/// them all. A warm-up leaves each with the page cache of a host that has run for a while: all of a small file, a
+/// part of a large one. A counter for each says the nanoseconds of one lookup, the median of its blocks.
+void compare(benchmark::State &state, size_t &position, const KeyedLookup &lookup, const std::vector<WayRow> &rows,
+             long rolls)
 {
     const Catalogue &catalogue = Catalogue::ofRolls(rolls);
-    const std::unique_ptr<Way> way = row->make(catalogue);
     std::vector<Question> questions;
     for (size_t n = 0; n < questionCount; ++n)
-        questions.push_back(lookup->texts(catalogue, n));
-    way->prepare(questions);
-    size_t n = 0;
-    for (auto _ : state)
-        way->ask(n++);
+        questions.push_back(lookup.texts(catalogue, n));
+
+    Library library(catalogue);
+    std::vector<std::unique_ptr<Way>> others;
+    std::vector<Contestant> contestants = {
+        {"library", [&](size_t n) { lookup.ask(library.database, catalogue, n); }, {}}};
+    for (const WayRow &row : rows) {
+        others.push_back(row.make(catalogue));
+        Way *way = others.back().get();
+        way->prepare(questions);
+        contestants.push_back({row.name, [way](size_t n) { way->ask(n); }, {}});
+    }
+    for (const Contestant &contestant : contestants) {
+        for (size_t n = 0; n < warmUpCount; ++n)
+            contestant.ask(position + n);
+    }
+    position += warmUpCount;
+
+    for (auto _ : state) {
+        for (Contestant &contestant : contestants) {
+            const double start = threadNanoseconds();
+            for (size_t n = 0; n < blockSize; ++n)
+                contestant.ask(position + n);
+            contestant.blocks.push_back(threadNanoseconds() - start);
+        }
+        position += blockSize;
+        std::rotate(contestants.begin(), contestants.begin() + 1, contestants.end());
+    }
+    for (const Contestant &contestant : contestants)
+        state.counters[contestant.name] = median(contestant.blocks) / double(blockSize);
+}
+
+/// Benchmarks of the form KIND/TEXT/ROLLS, which compare the library with `rows`.
+void registerComparison(const char *kind, const std::vector<WayRow> &rows, const std::vector<long> &sizes)
+{
+    for (const long rolls : sizes) {
+        for (const KeyedLookup &lookup : keyedLookups()) {
+            const std::string name = kind + std::string("/") + lookup.name + '/' + std::to_string(rolls);
+            benchmark::RegisterBenchmark(name.c_str(), [&lookup, rows, rolls,
+                                                        position = size_t(0)](benchmark::State &state) mutable {
+                compare(state, position, lookup, rows, rolls);
+            })->Iterations(roundCount);
+        }
+    }
 }
 
 } // namespace
@@ -63,16 +127,11 @@ int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
-    for (const long rolls : Catalogue::sizes()) {
-        for (const KeyedLookup &lookup : keyedLookups()) {
-            const auto name = [&](const char *way) {
-                return "lookup/" + std::string(lookup.name) + '/' + way + '/' + std::to_string(rolls);
-            };
-            benchmark::RegisterBenchmark(name("library").c_str(), askLibrary, &lookup, rolls);
-            for (const WayRow &row : ways())
-                benchmark::RegisterBenchmark(name(row.name).c_str(), askOtherwise, &lookup, &row, rolls);
-        }
-    }
+    // Else a heap that happens to end beside its limit is given back and fetched again by every question of one of
+    // them.
+    mallopt(M_TRIM_THRESHOLD, 256 << 20);
+    registerComparison("lookup", ways(), {1000, 100000});
+    registerComparison("growth", {ways().front()}, Catalogue::sizes()); // beside raw alone
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -14,7 +14,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr size_t keyCount = 256;
+/// Enough to touch most pages of a large file: a host's questions do not stay in one corner of it.
+constexpr size_t keyCount = 4096;
 
 QString folder()
 {

@@ -119,6 +119,40 @@ private:
     QByteArray m_name;
 };
 
+/// What is left when nothing is the library's own: the texts are filled before the clock starts.
+class Bare : public QtWay
+{
+public:
+    explicit Bare(const Catalogue &catalogue)
+        : QtWay(catalogue, u"bare"_s)
+    {
+    }
+    void prepare(const std::vector<Question> &questions) override
+    {
+        for (const Question &question : questions) {
+            m_texts.emplace_back();
+            for (const Text &text : question)
+                m_texts.back().append(text.filled());
+        }
+    }
+    void ask(size_t n) override
+    {
+        for (const QString &text : m_texts[n % m_texts.size()]) {
+            const QSqlDatabase connection = QSqlDatabase::database(m_connectionName, true);
+            QVariant value(-1);
+            if (connection.isOpen()) {
+                QSqlQuery query(text, connection);
+                if (query.next())
+                    value = query.value(0);
+            }
+            benchmark::DoNotOptimize(value);
+        }
+    }
+
+private:
+    std::vector<QStringList> m_texts;
+};
+
 class Model : public QtWay
 {
 public:
@@ -149,8 +183,8 @@ WayRow row(const char *name)
 const std::vector<WayRow> &ways()
 {
     static const std::vector<WayRow> all = {
-        row<Raw>("raw"),       row<Naive>("naive"),          row<SqliteCpp>("SQLiteCpp"),
-        {"SOCI", makeSociWay}, row<Model>("QSqlQueryModel"),
+        row<Raw>("raw"),       row<Naive>("naive"),     row<SqliteCpp>("SQLiteCpp"),
+        {"SOCI", makeSociWay}, row<Bare>("bare shape"), row<Model>("QSqlQueryModel"),
     };
     return all;
 }

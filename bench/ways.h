@@ -63,7 +63,8 @@ struct WayRow
     std::function<std::unique_ptr<Way>(const Catalogue &)> make;
 };
 
-/// raw: the SQLite C interface, the floor. naive: QSqlQuery as one would write it. Then three libraries.
+/// raw: the SQLite C interface, the floor, and the first. naive: QSqlQuery as one would write it. bare shape: the
+/// same steps with a ready text, which is what of a lookup is Qt's and SQLite's. The others are libraries.
 const std::vector<WayRow> &ways();
 
 /// In a file of its own: SOCI's header brings the C interface in a namespace.
