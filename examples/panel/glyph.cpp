@@ -15,6 +15,7 @@ const QHash<QString, QString> &outlines()
 {
     static const QHash<QString, QString> table = {
         {u"supplies"_s, u"M12 3a9 9 0 1 0 9 9V3z M12 9a3 3 0 1 0 3 3"_s},
+        {u"choose"_s, u"M7 10l5 5 5-5"_s},
         {u"load"_s, u"M12 3v11 M7 9l5 5 5-5 M4 20h16"_s},
         {u"mileage"_s, u"M3 17a9 9 0 1 1 18 0 M12 17l4-6 M3 20h18"_s},
         {u"tag"_s, u"M3 12V4a1 1 0 0 1 1-1h8l9 9-9 9z M8 8h.01"_s},

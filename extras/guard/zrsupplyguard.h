@@ -42,11 +42,11 @@ struct Limits
     /// Columns of a table, an index or an answer. The widest of a catalogue has 8.
     int columns = 100;
     /// Arguments of a function. The library's have one.
-    int functionArguments = 16; ///< Arguments of an SQL function.
+    int functionArguments = 16;
     /// Bytes of a LIKE or GLOB pattern; time grows with the pattern times the value.
     int patternBytes = 64;
     /// Values that are bound to a statement. The library binds none.
-    int boundValues = 100; ///< Values that are bound to one statement.
+    int boundValues = 100;
     /// Memory of SQLite in the whole process, over all connections, guarded or not, in bytes: what keeps a statement
     /// from doubling itself while it is compiled, which no other bound sees. A lower bound that the host has set
     /// stays.

@@ -23,7 +23,7 @@ T.ComboBox {
         leftPadding: combo.mirrored ? 18 : 0
     }
     indicator: Glyph {
-        name: "load"
+        name: "choose"
         color: Theme.muted
         width: 14
         height: 14
