@@ -1,9 +1,14 @@
-// What starting costs: `start_probe empty CATALOGUE` is a QCoreApplication with the SQLite driver loaded,
-// `start_probe library CATALOGUE SKU` also asks the library its first question. Prints its private memory in kB: what
-// it has written itself. Pages of libraries that it only reads belong to the page cache, which every process shares.
+// What starting costs, a program a step, each with CATALOGUE SKU as arguments: start_empty is a QCoreApplication with
+// the SQLite driver loaded, start_bare also opens the catalogue and asks for a width by QSqlQuery alone,
+// start_library asks the library the same. Prints its private memory in kB: what it has written itself. Pages of
+// libraries that it only reads belong to the page cache, which every process shares.
 
-#ifdef ZR_PROBE_LIBRARY
+#if defined(ZR_PROBE_LIBRARY)
 #include <zrsupplydatabase.h>
+#elif defined(ZR_PROBE_BARE)
+#include "cataloguesql_p.h"
+
+#include <QtSql/QSqlQuery>
 #endif
 
 #include <QtCore/QCoreApplication>
@@ -35,12 +40,20 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = application.arguments();
-#ifdef ZR_PROBE_LIBRARY
+#if defined(ZR_PROBE_LIBRARY)
     ZrSupplyDatabase database;
     if (!database.setup(arguments.value(1)) || database.supplyWidth(arguments.value(2)) <= 0.0)
         return 1;
 #else
-    QSqlDatabase::addDatabase(QStringLiteral("QSQLITE")).setDatabaseName(arguments.value(1));
+    QSqlDatabase connection = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
+    connection.setDatabaseName(arguments.value(1));
+#ifdef ZR_PROBE_BARE
+    connection.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
+    connection.open();
+    QSqlQuery query(sql::rollWidth.arg(arguments.value(2)), connection);
+    if (!query.next() || query.value(0).toReal() <= 0.0)
+        return 1;
+#endif
 #endif
     std::printf("%ld\n", privateKilobytes());
     return 0;

@@ -1,6 +1,6 @@
 #include "ConsoleAppender.h"
 
-#include <iostream>
+#include <cstdio>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,6 +23,7 @@ void ConsoleAppender::ignoreEnvironmentPattern(bool ignore)
 void ConsoleAppender::append(const QDateTime &timeStamp, Logger::LogLevel level, const char *file, int line,
                              const char *function, const QString &category, const QString &message)
 {
-    // One text, one insertion: lines of several threads do not mix.
-    std::cerr << formattedString(timeStamp, level, file, line, function, category, message).toStdString();
+    // One text, one call: lines of several threads do not mix.
+    const QByteArray text = formattedString(timeStamp, level, file, line, function, category, message).toUtf8();
+    std::fwrite(text.constData(), 1, size_t(text.size()), stderr);
 }

@@ -25,6 +25,7 @@ SessionPlayer::SessionPlayer(QObject *parent)
     : QObject(parent)
 {
     m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer); // a coarse one may be early
     connect(&m_timer, &QTimer::timeout, this, &SessionPlayer::step);
 }
 

@@ -194,7 +194,7 @@ void PanelSessionsTest::playsAtItsPace()
     timer.start();
     panel->playSession(path);
     QTRY_COMPARE(panel->roll()->sku(), u"00143465"_s);
-    QVERIFY(timer.elapsed() < 600);
+    QVERIFY(panel->isPlaying()); // the pauses are still to come
     QTRY_COMPARE(panel->roll()->remainingWord(), u"Empty"_s);
     QVERIFY2(timer.elapsed() >= 1190, qPrintable(QString::number(timer.elapsed())));
     QTRY_VERIFY(!panel->isPlaying());
