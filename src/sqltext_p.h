@@ -23,6 +23,7 @@ constexpr bool hasOnlyMarks(QLatin1StringView statement)
 constexpr bool allHaveOnlyMarks()
 {
     for (const QLatin1StringView statement : allStatements) {
+        // cppcheck-suppress useStlAlgorithm ; the algorithms are constexpr from C++20 on
         if (!hasOnlyMarks(statement))
             return false;
     }

@@ -63,9 +63,9 @@ void TagReader::decode()
 
     const SupplyC tag(m_loadable ? m_text : QString());
     const TagBits decoded = zrsupply::tagBitsFromText(m_loadable ? m_text : QString());
-    const zrsupply::TagLayout layout(tag.formatEnum, tag.tagRevision);
+    const zrsupply::TagLayout places(tag.formatEnum, tag.tagRevision);
     for (const zrsupply::TagField &field : zrsupply::tagFields()) {
-        const taglayout::Field *place = zrsupply::tagBitsOf(field, layout);
+        const taglayout::Field *place = zrsupply::tagBitsOf(field, places);
         if (place == nullptr)
             continue;
         const QString value = field.flag == nullptr ? QString::number(field.value(tag))
@@ -82,7 +82,7 @@ void TagReader::decode()
             m_allBits[bit].field = row;
     }
     if (m_loadable) {
-        m_layout = layout.text();
+        m_layout = places.text();
         if (m_text.size() == digits)
             m_remark = tr("A whole tag: %1.").arg(m_layout);
         m_lighting.start();

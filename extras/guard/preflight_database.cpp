@@ -85,6 +85,7 @@ QString text(sqlite3_stmt *row, int column)
 
 struct ColumnFacts
 {
+    // cppcheck-suppress unusedStructMember ; it is read through a map's entry
     QString type;
     bool isComputed = false;
 };

@@ -28,6 +28,7 @@ struct Settings
 /// Bounds on SQLite's memory as they were before the first `install()`.
 struct HeapBounds
 {
+    // cppcheck-suppress unusedStructMember ; it is read through an optional
     qint64 soft;
     qint64 hard;
 };

@@ -23,7 +23,7 @@ import time
 
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent
-COPIED = ("CMakeLists.txt", "cmake", "src", "compat", "extras", "schema", "tests")
+COPIED = ("CMakeLists.txt", "cmake", "src", "compat", "docs", "extras", "schema", "tests")
 TEST_TIMEOUT = 120  # seconds; a mutant that hangs is killed too
 
 # Names that stand for each other: what is put in a name's place shows whether a test tells the two apart.
