@@ -19,7 +19,7 @@ Stop badWord(const QString &text)
 /// The catalogue that the command `zrsupply` would take, so that both show the same.
 QString usualCatalogue()
 {
-    const QString fromEnvironment = qEnvironmentVariable("ZRSUPPLY_CATALOGUE");
+    QString fromEnvironment = qEnvironmentVariable("ZRSUPPLY_CATALOGUE");
     if (!fromEnvironment.isEmpty())
         return fromEnvironment;
     const QDir programFolder(QCoreApplication::applicationDirPath());
@@ -86,7 +86,7 @@ std::optional<Stop> readCommandLine(const QStringList &words, Start &start)
     if (!isNumber || start.page < 0 || start.page >= pages)
         return badWord(u"there is no page %1; they are 1 to 7"_s.arg(parser.value(page)));
     if (parser.isSet(size)) {
-        if (const auto stop = readSize(parser.value(size), start.size))
+        if (auto stop = readSize(parser.value(size), start.size))
             return stop;
     }
     start.catalogue = parser.positionalArguments().value(0, usualCatalogue());
