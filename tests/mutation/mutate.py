@@ -269,7 +269,8 @@ class Workshop:
 
     def passes(self, test):
         try:
-            return subprocess.run([str(test)], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+            # A mutant may leave files behind: those of the build are nobody's.
+            return subprocess.run([str(test)], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, cwd=self.build,
                                   timeout=TEST_TIMEOUT, env=self.environment).returncode == 0
         except subprocess.TimeoutExpired:
             return False
