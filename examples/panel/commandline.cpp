@@ -71,7 +71,7 @@ std::optional<Stop> readCommandLine(const QStringList &words, Start &start)
         return Stop{0, u"zrsupply-panel %1\n"_s.arg(QCoreApplication::applicationVersion())};
     if (parser.positionalArguments().size() > 1)
         return badWord(
-            u"one catalogue at a time; \"%1\" is one word too many"_s.arg(parser.positionalArguments()[1]));
+            u"one catalogue at a time; \"%1\" is one word too many"_s.arg(parser.positionalArguments().at(1)));
 
     const QStringList themes = {u"system"_s, u"light"_s, u"dark"_s};
     start.appearance = int(themes.indexOf(parser.value(theme)));

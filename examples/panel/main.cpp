@@ -56,11 +56,11 @@ int run(const Start &start)
     if (start.measure || start.smoke) {
         QObject::connect(
             window, &QQuickWindow::frameSwapped, window,
-            [&] {
+            [controller = &controller, window, measure = start.measure] {
                 const double startMs = panel::processAgeMs();
-                QTimer::singleShot(0, window, [&, startMs] {
-                    if (start.measure)
-                        panel::measureFrames(controller, *window, startMs);
+                QTimer::singleShot(0, window, [controller, window, measure, startMs] {
+                    if (measure)
+                        panel::measureFrames(*controller, *window, startMs);
                     QCoreApplication::quit();
                 });
             },

@@ -38,7 +38,7 @@ QString ribbonSku(Catalogue &catalogue, const QString &word, Answer &answer)
     static const QRegularExpression id(u"^[0-9]+$"_s);
     if (!id.match(word).hasMatch())
         catalogue.requireRibbon(word);
-    QString sku = library.getSkusFromRibbonIds({word, word}).first();
+    QString sku = library.getSkusFromRibbonIds({word, word}).constFirst();
     if (sku == unsetString)
         answer.addNote(u"no ribbon has the id %1: for the library it is missing."_s.arg(word));
     return sku;

@@ -233,8 +233,9 @@ int mibLevel(double fraction, int capacity)
 
 QString keywordOf(const QString &name)
 {
+    const QString lower = name.toLower();
     QString word;
-    for (const QChar character : name.toLower()) {
+    for (const QChar character : lower) {
         if (character.isLetterOrNumber())
             word += character;
         else if (!word.isEmpty() && !word.endsWith(u'-'))

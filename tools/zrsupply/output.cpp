@@ -30,7 +30,7 @@ Style terminalStyle(ColorMode mode, bool onTerminal)
     case ColorMode::Auto:
         break;
     }
-    if (!onTerminal || !qgetenv("NO_COLOR").isEmpty() || qgetenv("TERM") == "dumb")
+    if (!onTerminal || !qEnvironmentVariableIsEmpty("NO_COLOR") || qgetenv("TERM") == "dumb")
         return {};
     const QByteArray depth = qgetenv("COLORTERM");
     return {true, depth == "truecolor" || depth == "24bit" || qgetenv("TERM").endsWith("-direct")};

@@ -3,6 +3,7 @@
 #include "tagfields.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 
 #include <cmath>
@@ -70,7 +71,8 @@ TagValues valuesFromJson(const QString &name)
     const QJsonObject object = document.object();
     TagValues values;
     if (object.value(u"fields"_s).isArray()) {
-        for (const auto &entry : object.value(u"fields"_s).toArray()) {
+        const QJsonArray fields = object.value(u"fields"_s).toArray();
+        for (const auto &entry : fields) {
             if (entry[u"carried"_s].toBool(true))
                 insertField(values, entry[u"name"_s].toString(), entry[u"value"_s]);
         }
