@@ -1,6 +1,8 @@
 #include "commandrun.h"
 #include "sourcefolder.h"
 
+#include "zrsupplydatabase.h"
+
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
@@ -60,6 +62,7 @@ private Q_SLOTS:
     void outputThatCannotBe_data();
     void outputThatCannotBe();
     void olderFileIsReplaced();
+    void releaseCopiedOverAnotherIsNoticed();
     void signalLeavesNothing_data();
     void signalLeavesNothing();
     void noProgressWithoutTerminal();
@@ -388,6 +391,34 @@ void TestCatalogueBuild::olderFileIsReplaced()
     QVERIFY2(run.status == 0, qPrintable(run.err));
     QCOMPARE(rowsOf(output, u"SELECT count(*) FROM roll"_s), QStringList{u"88"_s});
     QCOMPARE(sources.outNames().size(), 1);
+}
+
+void TestCatalogueBuild::releaseCopiedOverAnotherIsNoticed()
+{
+    const auto changeCounter = [](const QByteArray &file) { return file.mid(24, 4); };
+    const SourceFolder sources;
+    const QString installed = sources.out(u"installed.sqlite"_s);
+    const QString next = sources.out(u"next.sqlite"_s);
+    const QString again = sources.out(u"again.sqlite"_s);
+    QCOMPARE(build(sources, installed).status, 0);
+    QCOMPARE(build(sources, again).status, 0);
+    const QByteArray before = bytesOf(installed);
+    QCOMPARE(bytesOf(again), before);
+
+    // The shortest of changes: neither the file's size nor its number of pages differs.
+    sources.edit(u"color.csv"_s, 2, "16777215", "16777214");
+    QCOMPARE(build(sources, next).status, 0);
+    const QByteArray after = bytesOf(next);
+    QCOMPARE(after.size(), before.size());
+    QVERIFY(changeCounter(after) != changeCounter(before));
+    QCOMPARE(after.mid(92, 4), changeCounter(after));
+    QCOMPARE(rowsOf(next, u"PRAGMA integrity_check"_s), QStringList{u"ok"_s});
+
+    ZrSupplyDatabase database;
+    QVERIFY(database.setup(installed));
+    QCOMPARE(database.supplyColorRGB(u"00143221"_s), 16777215);
+    writeBytes(installed, after);
+    QCOMPARE(database.supplyColorRGB(u"00143221"_s), 16777214);
 }
 
 void TestCatalogueBuild::signalLeavesNothing_data()

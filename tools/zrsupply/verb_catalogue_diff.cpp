@@ -2,6 +2,8 @@
 #include "diff/comparison.h"
 #include "output.h"
 
+#include <QtCore/QFile>
+
 #include <algorithm>
 
 namespace zrsupply {
@@ -107,6 +109,21 @@ QString fileName(const Invocation &call, const QString &name)
     return call.argument(name == "before"_L1 ? 0 : 1);
 }
 
+/// The bytes of a file's header by which SQLite notices, while it has the file open, that another stands in its
+/// place.
+QByteArray changeCounter(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.seek(24) ? file.read(4) : QByteArray();
+}
+
+bool shareChangeCounter(const Invocation &call, const QList<SubjectDiff> &diffs)
+{
+    const bool differ =
+        std::any_of(diffs.begin(), diffs.end(), [](const SubjectDiff &diff) { return !diff.changes.isEmpty(); });
+    return differ && changeCounter(call.argument(0)) == changeCounter(call.argument(1));
+}
+
 void writeJson(const Invocation &call, const QList<SubjectDiff> &diffs, qsizetype breaking, Output &out)
 {
     QJsonObject subjects;
@@ -121,6 +138,7 @@ void writeJson(const Invocation &call, const QList<SubjectDiff> &diffs, qsizetyp
                           {u"new"_s, call.argument(1)},
                           {u"same"_s, same},
                           {u"breaking"_s, breaking},
+                          {u"sharedChangeCounter"_s, shareChangeCounter(call, diffs)},
                           {u"changes"_s, subjects}});
 }
 
@@ -136,6 +154,12 @@ void writeText(const Invocation &call, const QList<SubjectDiff> &diffs, qsizetyp
         } else if (!diff.changes.isEmpty()) {
             text += subjectText(diff, limit, out.style());
         }
+    }
+    if (shareChangeCounter(call, diffs)) {
+        notes +=
+            u"Note: both files have the same change counter, so that a printer which has %1 open would mix the two "
+            "if %2 were copied over it. Replace the file by renaming, or make it with zrsupply catalogue build.\n"_s
+                .arg(call.argument(0), call.argument(1));
     }
     if (text.isEmpty())
         text = u"The catalogues say the same.\n"_s;

@@ -5,6 +5,7 @@
 #include "author/sourcewriter.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QCryptographicHash>
 #include <QtCore/QFile>
 #include <QtCore/QtEndian>
 
@@ -16,18 +17,37 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// The header names the SQLite release that wrote the file, the one thing that would differ from machine to machine.
-/// It is set to the oldest release that reads the file, the first with STRICT tables.
+/// The oldest SQLite release that reads the file, the first with STRICT tables. The header names the release that
+/// wrote the file, the one thing that would differ from machine to machine, so this stands in its place.
 constexpr quint32 oldestReader = 3037000;
-constexpr qint64 writerReleaseOffset = 96;
 
-void setWriterRelease(const QString &path)
+/// The change counter tells whoever has a file open that it is no longer what was read before. SQLite counts writes,
+/// which are as many for each release, so that a release copied over another would go unseen and be mixed with it.
+quint32 changeCounterOf(const QByteArray &content)
 {
+    const QByteArray hash = QCryptographicHash::hash(content, QCryptographicHash::Sha256);
+    return qFromBigEndian<quint32>(hash.constData());
+}
+
+/// Sets what SQLite cannot know in the header: four bytes each, big-endian.
+void setHeader(const QString &path, quint32 changeCounter)
+{
+    const struct
+    {
+        qint64 offset;
+        quint32 number;
+    } fields[] = {
+        {24, changeCounter},
+        {92, changeCounter}, // the one that the file's size in the header belongs to
+        {96, oldestReader},
+    };
     QFile file(path);
-    const quint32 bigEndian = qToBigEndian(oldestReader);
-    const bool written = file.open(QIODevice::ReadWrite) && file.seek(writerReleaseOffset) &&
-                         file.write(reinterpret_cast<const char *>(&bigEndian), 4) == 4 && file.flush();
-    if (!written)
+    bool written = file.open(QIODevice::ReadWrite);
+    for (const auto &[offset, number] : fields) {
+        const quint32 bigEndian = qToBigEndian(number);
+        written = written && file.seek(offset) && file.write(reinterpret_cast<const char *>(&bigEndian), 4) == 4;
+    }
+    if (!written || !file.flush())
         throw writingFailed({SQLITE_IOERR, file.errorString()});
 }
 
@@ -122,8 +142,10 @@ void CatalogueWriter::addFileNames()
 
 void CatalogueWriter::publish()
 {
+    const SourceSchema &schema = SourceSchema::current();
+    const QByteArray schemaVersion = QByteArray::number(schema.version());
+    const QByteArray toolVersion = QCoreApplication::applicationVersion().toUtf8();
     try {
-        const SourceSchema &schema = SourceSchema::current();
         m_insert.emplace(m_database.prepare("INSERT INTO meta (key, value) VALUES (?, ?)"));
         addFileNames();
         m_progress.stage(u"checksum"_s);
@@ -131,8 +153,8 @@ void CatalogueWriter::publish()
         readCatalogue(m_database, sources, m_progress);
         m_checksum = sources.checksum();
         addMeta(metakey::sourceChecksum, m_checksum);
-        addMeta(metakey::schemaVersion, QByteArray::number(schema.version()));
-        addMeta(metakey::toolVersion, QCoreApplication::applicationVersion().toUtf8());
+        addMeta(metakey::schemaVersion, schemaVersion);
+        addMeta(metakey::toolVersion, toolVersion);
         m_insert.reset();
         m_database.run("COMMIT");
 
@@ -150,7 +172,8 @@ void CatalogueWriter::publish()
     } catch (const DatabaseError &error) {
         throw writingFailed(error);
     }
-    setWriterRelease(m_output.partPath());
+    // All that the file is made of, so that the same sources give the same bytes.
+    setHeader(m_output.partPath(), changeCounterOf(m_checksum + ' ' + schemaVersion + ' ' + toolVersion));
     InterruptGuard::check();
     m_output.publish();
 }
