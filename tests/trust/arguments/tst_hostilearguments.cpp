@@ -188,8 +188,12 @@ void TestHostileArguments::randomTexts()
 
     // A grammar that SQLite never understands would prove nothing.
     const SqliteWatch::Counts &counts = host.watch().counts();
-    qInfo("%d texts (ZR_SEED=%u): %lld statements run, %lld readings and %lld pragmas asked for; slowest %lld us: %s",
-          count, seed, counts.statements, counts.reads, counts.pragmas, longest / 1000, qPrintable(slowest));
+    qInfo("%d texts (ZR_SEED=%u): %lld statements run, %lld readings and %lld pragmas asked for", count, seed,
+          counts.statements, counts.reads, counts.pragmas);
+    qInfo("%lld writing statements, %lld writes, %lld other files opened, %lld attachments", counts.writingStatements,
+          counts.writes + counts.temporaryWrites + counts.truncations + counts.deletions,
+          counts.writableOpens + counts.otherOpens + counts.temporaryOpens, counts.attachments);
+    qInfo("slowest: %lld us, %s", longest / 1000, qPrintable(slowest));
     QVERIFY(counts.statements > count);
     QVERIFY(counts.pragmas > 0);
     QCOMPARE(counts.catalogueOpens, 1);
