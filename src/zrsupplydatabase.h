@@ -42,7 +42,7 @@ extern ZRSUPPLYDATABASE_EXPORT const QString unsetString;
 ///   NULL answers the converted null instead: 0, 0.0 or an empty text. "NULL:" is noted where this differs.
 /// - An *unknown roll* is the SKU "UnknownSupply" (this exact case). For it and for an empty SKU the roll lookups
 ///   answer from the installed roll's tag without a query; "Empty:" is noted where this differs.
-/// - Arguments go into the SQL text as they stand, without escaping; an unescaped quote makes the statement fail.
+/// - Arguments go into the SQL text as they stand, without escaping; a quote ends the value, and what follows is SQL.
 /// - "Tag:" names the field of `SupplyC` that an unknown roll answers from.
 class ZRSUPPLYDATABASE_EXPORT ZrSupplyDatabase : public QObject
 {

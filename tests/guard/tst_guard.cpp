@@ -92,6 +92,8 @@ private Q_SLOTS:
     void options();
     void endlessQuestions_data();
     void endlessQuestions();
+    void pragmas_data();
+    void pragmas();
     void clockStartsAnew();
     void foreignLock();
     void memoryIsBoundedAndReleased();
@@ -329,7 +331,36 @@ void TestGuard::endlessQuestions()
 {
     QFETCH(QString, question);
     const FixtureCatalogue catalogue;
+    QElapsedTimer clock;
+    clock.start();
     QCOMPARE(guardedAnswer(catalogue.path(), question), refused);
+    QVERIFY2(clock.elapsed() < 2'500,
+             qPrintable(u"%1 ms"_s.arg(clock.elapsed()))); // of a busy machine; 250 by itself
+}
+
+/// What SQLite would put into files of its own stays in memory, and it reads the catalogue without mapping it.
+void TestGuard::pragmas_data()
+{
+    QTest::addColumn<QByteArray>("pragma");
+    QTest::addColumn<int>("guarded");
+    QTest::newRow("temporary storage in memory") << QByteArray("PRAGMA temp_store") << 2;
+    QTest::newRow("no mapped file") << QByteArray("PRAGMA mmap_size") << 0;
+    QTest::newRow("cells are checked") << QByteArray("PRAGMA cell_size_check") << 1;
+}
+
+void TestGuard::pragmas()
+{
+    QFETCH(QByteArray, pragma);
+    QFETCH(int, guarded);
+    const FixtureCatalogue catalogue;
+    const Guarded guard;
+    const Raw connection = opened(catalogue.path());
+    sqlite3_set_authorizer(connection.get(), nullptr, nullptr); // asking is refused, too
+    sqlite3_stmt *statement = nullptr;
+    QCOMPARE(sqlite3_prepare_v2(connection.get(), pragma.constData(), -1, &statement, nullptr), SQLITE_OK);
+    const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt *)> owner(statement, sqlite3_finalize);
+    // Without a mapping there is no row to tell its size.
+    QCOMPARE(sqlite3_step(statement) == SQLITE_ROW ? sqlite3_column_int(statement, 0) : 0, guarded);
 }
 
 /// The clock starts anew with each statement, also with one that was compiled before.

@@ -344,7 +344,8 @@ def main():
             if verdict == "survived" and mutant.key in known:
                 verdict = "equivalent"
             counts[verdict] += 1
-            print(f"{verdict:12} {mutant}" + (f"  [{test}]" if test else ""), flush=True)
+            told = test or (known[mutant.key] if verdict == "equivalent" else "")
+            print(f"{verdict:12} {mutant}" + (f"  [{told}]" if told else ""), flush=True)
 
     judged = counts["killed"] + counts["survived"] + counts["equivalent"]
     print(f"\n{judged} mutants judged in {time.monotonic() - started:.0f} s: {counts['killed']} killed, "

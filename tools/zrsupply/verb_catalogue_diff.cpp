@@ -110,18 +110,19 @@ QString fileName(const Invocation &call, const QString &name)
 }
 
 /// The bytes of a file's header by which SQLite notices, while it has the file open, that another stands in its
-/// place.
-QByteArray changeCounter(const QString &path)
+/// place: the change counter, and how many pages there are and are free.
+QByteArray stateOfFile(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) && file.seek(24) ? file.read(4) : QByteArray();
+    return file.open(QIODevice::ReadOnly) && file.seek(24) ? file.read(16) : QByteArray();
 }
 
 bool shareChangeCounter(const Invocation &call, const QList<SubjectDiff> &diffs)
 {
     const bool differ =
         std::any_of(diffs.begin(), diffs.end(), [](const SubjectDiff &diff) { return !diff.changes.isEmpty(); });
-    return differ && changeCounter(call.argument(0)) == changeCounter(call.argument(1));
+    const QByteArray before = stateOfFile(call.argument(0));
+    return differ && !before.isEmpty() && before == stateOfFile(call.argument(1));
 }
 
 void writeJson(const Invocation &call, const QList<SubjectDiff> &diffs, qsizetype breaking, Output &out)
@@ -157,7 +158,7 @@ void writeText(const Invocation &call, const QList<SubjectDiff> &diffs, qsizetyp
     }
     if (shareChangeCounter(call, diffs)) {
         notes +=
-            u"Note: both files have the same change counter, so that a printer which has %1 open would mix the two "
+            u"Note: both files have the same change counter and size, so that a printer which has %1 open would mix the two "
             "if %2 were copied over it. Replace the file by renaming, or make it with zrsupply catalogue build.\n"_s
                 .arg(call.argument(0), call.argument(1));
     }

@@ -39,6 +39,17 @@ bool isSound(ZrSupplyDatabase &database, const QVariantList &values, long n)
     return false;
 }
 
+/// Whether the state is whole, whatever failed while it was set: what the tag says, and a SKU for each ribbon. Tells
+/// if not.
+bool isWhole(ZrSupplyDatabase &database, long n)
+{
+    const bool whole = database.supplyId() == takenInTag() && database.supplyRibbonSKUs().size() == 2 &&
+                       database.supplyRibbon1RGBs().size() == 2 && database.supplyRibbon2RGBs().size() == 2;
+    if (!whole)
+        child::tell("wrong at %ld: the state is torn", n);
+    return whole;
+}
+
 /// Asks everything with every step-th operation failing, over a connection opened under the fault and over one that
 /// was there before it. Ends with the first n that is more than there are operations.
 int failEach(const QStringList &arguments, const Fault &fault)
@@ -67,6 +78,7 @@ int failEach(const QStringList &arguments, const Fault &fault)
             fault.failAt(0, false);
             ++runs;
             changed += answers != values ? 1 : 0;
+            passed = isWhole(database, n) && passed;
             passed = areAllowed(answers, values, n, fault) && passed;
             passed = isSound(database, values, n) && passed;
             if (!hit)

@@ -210,6 +210,11 @@ QVariant askOne(ZrSupplyDatabase &database, const Question &question)
     return question.operation == "getSkusFromRibbonIds"_L1 ? QVariant(answer.toStringList().first()) : answer;
 }
 
+QString takenInTag()
+{
+    return tag;
+}
+
 void takeInSupplies(ZrSupplyDatabase &database)
 {
     database.setSupplyId(tag);

@@ -29,6 +29,8 @@ QVariant askOne(ZrSupplyDatabase &database, const Question &question);
 
 /// Takes in a roll and two ribbons, as a host does. Some questions are then about the roll's tag.
 void takeInSupplies(ZrSupplyDatabase &database);
+/// That of the roll.
+QString takenInTag();
 
 /// Does so, and then asks every question; the answers in their order.
 QVariantList askEverything(ZrSupplyDatabase &database);

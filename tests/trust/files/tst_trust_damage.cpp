@@ -48,7 +48,7 @@ void TestTrustDamage::damaged_data()
     QTest::addColumn<int>("first");
     QTest::addColumn<int>("step");
     // How many of the damages are left out between two, and in how many rows the work is done, as a test function has
-    // five minutes. No distance has a factor in common with the four changes a byte, so that each of them is met.
+    // half an hour. No distance has a factor in common with the four changes a byte, so that each of them is met.
     struct Amount
     {
         const char *encoding;

@@ -327,6 +327,7 @@ void TestTrustHostile::hostile()
                  qPrintable(question.statement + u" answers "_s + told));
     }
     QCOMPARE(server.child().end(), ChildEnd::Exited);
+    QCOMPARE(server.child().exitStatus(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestTrustHostile)

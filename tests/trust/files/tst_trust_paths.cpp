@@ -267,6 +267,7 @@ void TestTrustPaths::path()
                  toldAnswer(answers == Answers::Values ? values[i] : question.absent));
     }
     QCOMPARE(server.child().end(), ChildEnd::Exited);
+    QCOMPARE(server.child().exitStatus(), 0);
     QCOMPARE(everythingIn(folder.path()), before);
 }
 
@@ -299,6 +300,7 @@ void TestTrustPaths::pipeLetsGoWhenItIsWritten()
     QCOMPARE(child.lineOf(u"answer"_s).section(u' ', 3), toldAnswer(-1.0));
     close(writer);
     QCOMPARE(child.end(), ChildEnd::Exited);
+    QCOMPARE(child.exitStatus(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestTrustPaths)

@@ -23,32 +23,29 @@ constexpr quint32 oldestReader = 3037000;
 
 /// The change counter tells whoever has a file open that it is no longer what was read before. SQLite counts writes,
 /// which are as many for each release, so that a release copied over another would go unseen and be mixed with it.
-quint32 changeCounterOf(const QByteArray &content)
+/// So it is made of what is in the file.
+constexpr qint64 changeCounterOffset = 24;
+constexpr qint64 countValidForOffset = 92; // the change counter that the number of pages in the header belongs to
+constexpr qint64 writerReleaseOffset = 96;
+
+/// Sets a number of the header: four bytes, big-endian.
+bool setNumber(QFile &file, qint64 offset, quint32 number)
 {
-    const QByteArray hash = QCryptographicHash::hash(content, QCryptographicHash::Sha256);
-    return qFromBigEndian<quint32>(hash.constData());
+    const quint32 bigEndian = qToBigEndian(number);
+    return file.seek(offset) && file.write(reinterpret_cast<const char *>(&bigEndian), 4) == 4;
 }
 
-/// Sets what SQLite cannot know in the header: four bytes each, big-endian.
-void setHeader(const QString &path, quint32 changeCounter)
+bool setHeader(QFile &file)
 {
-    const struct
-    {
-        qint64 offset;
-        quint32 number;
-    } fields[] = {
-        {24, changeCounter},
-        {92, changeCounter}, // the one that the file's size in the header belongs to
-        {96, oldestReader},
-    };
-    QFile file(path);
-    bool written = file.open(QIODevice::ReadWrite);
-    for (const auto &[offset, number] : fields) {
-        const quint32 bigEndian = qToBigEndian(number);
-        written = written && file.seek(offset) && file.write(reinterpret_cast<const char *>(&bigEndian), 4) == 4;
-    }
-    if (!written || !file.flush())
-        throw writingFailed({SQLITE_IOERR, file.errorString()});
+    if (!file.open(QIODevice::ReadWrite) || !setNumber(file, writerReleaseOffset, oldestReader) ||
+        !setNumber(file, changeCounterOffset, 0) || !setNumber(file, countValidForOffset, 0))
+        return false;
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    if (!file.seek(0) || !hash.addData(&file))
+        return false;
+    const auto counter = qFromBigEndian<quint32>(hash.result().constData());
+    return setNumber(file, changeCounterOffset, counter) && setNumber(file, countValidForOffset, counter) &&
+           file.flush();
 }
 
 } // namespace
@@ -142,10 +139,8 @@ void CatalogueWriter::addFileNames()
 
 void CatalogueWriter::publish()
 {
-    const SourceSchema &schema = SourceSchema::current();
-    const QByteArray schemaVersion = QByteArray::number(schema.version());
-    const QByteArray toolVersion = QCoreApplication::applicationVersion().toUtf8();
     try {
+        const SourceSchema &schema = SourceSchema::current();
         m_insert.emplace(m_database.prepare("INSERT INTO meta (key, value) VALUES (?, ?)"));
         addFileNames();
         m_progress.stage(u"checksum"_s);
@@ -153,8 +148,8 @@ void CatalogueWriter::publish()
         readCatalogue(m_database, sources, m_progress);
         m_checksum = sources.checksum();
         addMeta(metakey::sourceChecksum, m_checksum);
-        addMeta(metakey::schemaVersion, schemaVersion);
-        addMeta(metakey::toolVersion, toolVersion);
+        addMeta(metakey::schemaVersion, QByteArray::number(schema.version()));
+        addMeta(metakey::toolVersion, QCoreApplication::applicationVersion().toUtf8());
         m_insert.reset();
         m_database.run("COMMIT");
 
@@ -172,8 +167,10 @@ void CatalogueWriter::publish()
     } catch (const DatabaseError &error) {
         throw writingFailed(error);
     }
-    // All that the file is made of, so that the same sources give the same bytes.
-    setHeader(m_output.partPath(), changeCounterOf(m_checksum + ' ' + schemaVersion + ' ' + toolVersion));
+    QFile file(m_output.partPath());
+    if (!setHeader(file))
+        throw writingFailed({SQLITE_IOERR, file.errorString()});
+    file.close();
     InterruptGuard::check();
     m_output.publish();
 }
