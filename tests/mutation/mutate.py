@@ -19,6 +19,7 @@ import re
 import shutil
 import subprocess
 import sys
+import tempfile
 import time
 
 HERE = pathlib.Path(__file__).resolve().parent
@@ -272,9 +273,10 @@ class Workshop:
 
     def passes(self, test):
         try:
-            # A mutant may leave files behind: those of the build are nobody's.
-            return subprocess.run([str(test)], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, cwd=self.build,
-                                  timeout=TEST_TIMEOUT, env=self.environment).returncode == 0
+            # A mutant may leave files behind, on which a test of the next one would fail: each test has its own folder.
+            with tempfile.TemporaryDirectory() as folder:
+                return subprocess.run([str(test)], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, cwd=folder,
+                                      timeout=TEST_TIMEOUT, env=self.environment).returncode == 0
         except subprocess.TimeoutExpired:
             return False
 
