@@ -5,6 +5,8 @@
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
 
+#include <sqlite3.h>
+
 #include <functional>
 
 #include <sys/stat.h>
@@ -68,6 +70,18 @@ void put32(QByteArray &bytes, qsizetype at, quint32 value)
     qToBigEndian(value, bytes.data() + at);
 }
 
+/// Stands in for SQLite's lower(): ends the statement as the clock of the guard would.
+void endStatement(sqlite3_context *context, int, sqlite3_value **)
+{
+    sqlite3_interrupt(sqlite3_context_db_handle(context));
+    sqlite3_result_null(context);
+}
+
+int endStatementsOf(sqlite3 *connection, char **, const void *)
+{
+    return sqlite3_create_function(connection, "lower", 1, SQLITE_UTF8, nullptr, endStatement, nullptr, nullptr);
+}
+
 } // namespace
 
 class TestPreflight : public QObject
@@ -81,6 +95,7 @@ private Q_SLOTS:
     void findings();
     void noPermission();
     void lackingIsListed();
+    void tooSlow();
     void nothingIsWritten();
     void codes();
 };
@@ -257,6 +272,19 @@ void TestPreflight::lackingIsListed()
     catalogue.run(u"DROP TABLE color; ALTER TABLE roll DROP COLUMN landscape"_s);
     const auto verdict = preflight(catalogue.path());
     QCOMPARE(verdict.missing, (QStringList{u"column roll.landscape"_s, u"table color"_s}));
+}
+
+void TestPreflight::tooSlow()
+{
+    const FixtureCatalogue catalogue;
+    const auto entryPoint = reinterpret_cast<void (*)()>(endStatementsOf);
+    QCOMPARE(sqlite3_auto_extension(entryPoint), SQLITE_OK);
+    const auto verdict = preflight(catalogue.path());
+    QCOMPARE(sqlite3_cancel_auto_extension(entryPoint), 1);
+    QCOMPARE(verdict.finding, Finding::TooSlow);
+    QCOMPARE(verdict.message, u"%1 could not be checked within 60 seconds"_s.arg(catalogue.path()));
+    QVERIFY2(verdict.advice.contains(u"zrsupply catalogue build"_s), qPrintable(verdict.advice));
+    QCOMPARE(preflight(catalogue.path()).finding, Finding::Usable);
 }
 
 void TestPreflight::nothingIsWritten()

@@ -58,13 +58,12 @@ const sqlite3_io_methods *watched(const sqlite3_io_methods *original, bool isNam
     });
     if (found != known.end())
         return &found->methods;
-    WatchedMethods methods = {*original, original};
-    methods.methods.xWrite =
+    WatchedMethods &added = known.emplace_back(WatchedMethods{*original, original});
+    added.methods.xWrite =
         isNamed ? countedWrite<&SqliteWatch::Counts::writes> : countedWrite<&SqliteWatch::Counts::temporaryWrites>;
     if (isNamed)
-        methods.methods.xTruncate = countedTruncate;
-    known.push_back(methods);
-    return &known.back().methods;
+        added.methods.xTruncate = countedTruncate;
+    return &added.methods;
 }
 
 int countedOpen(sqlite3_vfs *, const char *name, sqlite3_file *file, int flags, int *outFlags)
@@ -92,6 +91,12 @@ int countedDelete(sqlite3_vfs *, const char *name, int syncFolder)
 {
     ++state->counts.deletions;
     return state->original->xDelete(state->original, name, syncFolder);
+}
+
+void *countedLibrary(sqlite3_vfs *, const char *name)
+{
+    ++state->counts.libraries;
+    return state->original->xDlOpen(state->original, name);
 }
 
 int countedAction(void *, int action, const char *table, const char *, const char *, const char *)
@@ -162,6 +167,7 @@ SqliteWatch::SqliteWatch(const QString &cataloguePath)
     state->watching.pNext = nullptr;
     state->watching.xOpen = countedOpen;
     state->watching.xDelete = countedDelete;
+    state->watching.xDlOpen = countedLibrary;
     if (sqlite3_vfs_register(&state->watching, 1) != SQLITE_OK || sqlite3_auto_extension(entryPoint) != SQLITE_OK)
         qFatal("SQLite cannot be watched");
 }
@@ -207,6 +213,7 @@ QString SqliteWatch::misdeeds() const
         {"writes"_L1, counts.writes + counts.temporaryWrites},
         {"truncations"_L1, counts.truncations},
         {"deletions"_L1, counts.deletions},
+        {"shared libraries opened"_L1, counts.libraries},
     };
     QStringList told;
     for (const auto &[what, count] : forbidden) {

@@ -26,6 +26,7 @@ public:
         qint64 temporaryWrites = 0; ///< To a file without a name.
         qint64 truncations = 0;     ///< Of a named file.
         qint64 deletions = 0;       ///< Of a file by its name.
+        qint64 libraries = 0;       ///< Shared libraries, opened for their code, found or not.
         QStringList otherNames;     ///< The other files.
     };
 

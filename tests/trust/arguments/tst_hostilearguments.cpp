@@ -133,6 +133,14 @@ void TestHostileArguments::theWatchSeesWhatIsForbidden()
     watch.reset();
     QCOMPARE(run("CREATE TABLE big AS SELECT zeroblob(100000); DROP TABLE big; VACUUM"), SQLITE_OK);
     QVERIFY(watch.counts().truncations > 0);
+
+    watch.reset();
+    QCOMPARE(run("SELECT load_extension('hostile')"), SQLITE_ERROR);
+    QCOMPARE(watch.misdeeds(), QString());
+    QCOMPARE(sqlite3_enable_load_extension(connection, 1), SQLITE_OK);
+    QCOMPARE(run("SELECT load_extension('hostile')"), SQLITE_ERROR);
+    QVERIFY(watch.counts().libraries > 0);
+    QVERIFY(!watch.misdeeds().isEmpty());
     QCOMPARE(sqlite3_close(connection), SQLITE_OK);
 }
 
