@@ -8,17 +8,32 @@
 
 namespace sql {
 
-/// Whether every `%` of `statement` begins one of the marks %1, %2 and %3.
+/// Whether every `%` of `statement` begins one of the marks %1, %2 and %3, and these begin at %1 without a gap:
+/// `QString::arg()` would close it.
 constexpr bool hasOnlyMarks(QLatin1StringView statement)
 {
+    bool has1 = false, has2 = false, has3 = false;
     for (qsizetype i = 0; i < statement.size(); ++i) {
         if (statement.data()[i] != '%')
             continue;
-        if (++i == statement.size() || statement.data()[i] < '1' || statement.data()[i] > '3')
+        switch (++i < statement.size() ? statement.data()[i] : '%') {
+        case '1':
+            has1 = true;
+            break;
+        case '2':
+            has2 = true;
+            break;
+        case '3':
+            has3 = true;
+            break;
+        default:
             return false;
+        }
     }
-    return true;
+    return (has1 || !has2) && (has2 || !has3);
 }
+static_assert(hasOnlyMarks(""_L1) && hasOnlyMarks("%1"_L1) && hasOnlyMarks("%2,%1"_L1) && hasOnlyMarks("%3%1%2"_L1));
+static_assert(!hasOnlyMarks("%"_L1) && !hasOnlyMarks("%4"_L1) && !hasOnlyMarks("%2"_L1) && !hasOnlyMarks("%1%3"_L1));
 
 constexpr bool allHaveOnlyMarks()
 {

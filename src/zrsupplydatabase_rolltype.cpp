@@ -74,9 +74,7 @@ int ZrSupplyDatabase::supplyFormatFromTable(QString sku)
 
 int ZrSupplyDatabase::supplyFormat(QString sku)
 {
-    if (!isUnknownSupply(sku) && m_supplyTagRevision <= 0) {
-        if (sku.isEmpty())
-            return m_supplyFormat;
+    if (!answersFromTag(sku) && m_supplyTagRevision <= 0) {
         const double stripeWidth = getSingleVariantByQuery(sql::filled(sql::stripeWidth, sku), unsetInt).toReal();
         return stripeWidth > 0.0 ? stripedFormat : supplyFormatFromTable(sku);
     }

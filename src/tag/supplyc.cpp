@@ -12,6 +12,8 @@
 namespace {
 
 constexpr int tagBytes = 12;
+static_assert(TagBits::count == 8 * tagBytes && tagrules::digits == qsizetype(2) * tagBytes);
+
 constexpr int firstContinuousFormat = 1;
 constexpr int lastContinuousFormat = 2;
 
@@ -35,6 +37,11 @@ constexpr DigitTable makeDigitTable()
 }
 
 constexpr DigitTable digits = makeDigitTable();
+
+// A digit left out would be read the general way: slower, and no answer would show it.
+static_assert(digits.value[u'0'] == 0 && digits.value[u'9'] == 9);
+static_assert(digits.value[u'A'] == 10 && digits.value[u'F'] == 15);
+static_assert(digits.value[u'a'] == 10 && digits.value[u'f'] == 15);
 
 /// Sixteen (or eight) digits as a number. `strays` collects a bit wherever a character is no digit.
 template <typename Word>

@@ -125,6 +125,18 @@ constexpr bool coversEveryBitOnce(bool continuous, bool multiUp)
     return true;
 }
 
+/// Whether every row is a range that can be read.
+constexpr bool isWithinTag()
+{
+    for (const Field &field : fields) {
+        // cppcheck-suppress useStlAlgorithm ; the algorithms are constexpr from C++20 on
+        if (field.first < 0 || field.width < 1 || field.width > 32 || field.first + field.width > TagBits::count)
+            return false;
+    }
+    return true;
+}
+
+static_assert(isWithinTag());
 static_assert(coversEveryBitOnce(true, true) && coversEveryBitOnce(true, false));
 static_assert(coversEveryBitOnce(false, true) && coversEveryBitOnce(false, false));
 
