@@ -155,21 +155,36 @@ QVariant converted(const QVariant &value, Reading reading)
     }
 }
 
+File opened(const QString &path)
+{
+    sqlite3 *made = nullptr;
+    const int status = sqlite3_open_v2(QFile::encodeName(path).constData(), &made, SQLITE_OPEN_READONLY, nullptr);
+    File file(made, sqlite3_close);
+    if (status != SQLITE_OK)
+        file.reset();
+    return file;
+}
+
+bool isAboutMaterial(const Question &question)
+{
+    return question.values.contains(QLatin1StringView(materialOfRoll));
+}
+
+Rows prepared(sqlite3 *file, const Question &question, int material)
+{
+    QStringList values = question.values;
+    values.replaceInStrings(QString::fromLatin1(materialOfRoll), QString::number(material));
+    const QByteArray text = filled(question.statement.toLatin1().constData(), values).toUtf8();
+    sqlite3_stmt *made = nullptr;
+    sqlite3_prepare_v2(file, text.constData(), -1, &made, nullptr);
+    return {made, sqlite3_finalize};
+}
+
 QVariant answerOfFile(sqlite3 *file, const Question &question, int material)
 {
-    if (question.reading == Reading::AlwaysFalse || !file)
+    if (question.reading == Reading::AlwaysFalse || !file || (material == -1 && isAboutMaterial(question)))
         return question.absent;
-    QStringList values = question.values;
-    const qsizetype placeOfMaterial = values.indexOf(QLatin1StringView(materialOfRoll));
-    if (placeOfMaterial >= 0) {
-        if (material == -1)
-            return question.absent;
-        values[placeOfMaterial] = QString::number(material);
-    }
-    const QByteArray text = filled(question.statement.toLatin1().constData(), values).toUtf8();
-    sqlite3_stmt *prepared = nullptr;
-    sqlite3_prepare_v2(file, text.constData(), -1, &prepared, nullptr);
-    const Rows rows(prepared, sqlite3_finalize);
+    const Rows rows = prepared(file, question, material);
     QStringList texts;
     QVariantHash colors;
     while (rows && sqlite3_step(rows.get()) == SQLITE_ROW) {
@@ -232,17 +247,43 @@ QVariantList askEverything(ZrSupplyDatabase &database)
 
 QVariantList answersOfFile(const QString &path)
 {
-    sqlite3 *opened = nullptr;
-    const int status = sqlite3_open_v2(QFile::encodeName(path).constData(), &opened, SQLITE_OPEN_READONLY, nullptr);
-    const File file(opened, sqlite3_close);
+    const File file = opened(path);
     QVariantList answers;
     int material = -1;
     for (const Question &question : questions()) {
-        answers.append(answerOfFile(status == SQLITE_OK ? file.get() : nullptr, question, material));
+        answers.append(answerOfFile(file.get(), question, material));
         if (question.statement == "rollMaterial"_L1)
             material = answers.last().toInt();
     }
     return answers;
+}
+
+QSet<qsizetype> undecidedByFile(const QString &path)
+{
+    QSet<qsizetype> undecided;
+    int material = -1;
+    bool isMaterialUndecided = false;
+    for (qsizetype i = 0; i < questions().size(); ++i) {
+        const Question &question = questions()[i];
+        // A connection for each: SQLite looks at the rows of a page, where it is asked to, only at first reading it.
+        const File file = opened(path);
+        if (!file)
+            return undecided;
+        if (sqlite3_exec(file.get(), "PRAGMA cell_size_check = ON", nullptr, nullptr, nullptr) != SQLITE_OK)
+            qFatal("SQLite does not look at the rows of %s", qPrintable(path));
+        const Rows rows = prepared(file.get(), question, material);
+        int status = sqlite3_errcode(file.get());
+        while (rows && (status = sqlite3_step(rows.get())) == SQLITE_ROW) {
+            if (question.statement == "rollMaterial"_L1)
+                material = columnValue(rows.get(), 0).toInt();
+        }
+        const bool leavesPage = status == SQLITE_CORRUPT;
+        if (question.statement == "rollMaterial"_L1)
+            isMaterialUndecided = leavesPage;
+        if (leavesPage || (isMaterialUndecided && isAboutMaterial(question)))
+            undecided.insert(i);
+    }
+    return undecided;
 }
 
 QVariantList defaultAnswers()

@@ -3,6 +3,7 @@
 #include "zrsupplydatabase.h"
 
 #include <QtCore/QList>
+#include <QtCore/QSet>
 #include <QtCore/QStringList>
 #include <QtCore/QVariant>
 
@@ -37,6 +38,10 @@ QVariantList askEverything(ZrSupplyDatabase &database);
 
 /// What SQLite's C interface reads from this file, put through the same conversions: the answers that must come.
 QVariantList answersOfFile(const QString &path);
+
+/// The questions, by their number, for which SQLite meets a row that leaves its page. What lies behind the page in
+/// memory is then read as part of the row, so that the file does not say what the answer is.
+QSet<qsizetype> undecidedByFile(const QString &path);
 
 QVariantList defaultAnswers();
 
