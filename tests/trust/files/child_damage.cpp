@@ -27,6 +27,7 @@ struct Progress
     qsizetype current;
     qsizetype wrong;
     qint64 files;
+    qint64 undecided; // answers that only had to be of their type
     qint64 worstNanoseconds;
     qsizetype worst;
 };
@@ -60,7 +61,8 @@ QVariantList answersOfLibrary(const QString &path)
 /// What is wrong with the answers, a line each: neither what SQLite reads now, nor what it read of the sound file,
 /// nor the default. One connection may have read more of a damaged file than another before it met the damage. Where
 /// the file does not decide the answer, that has to be of its type.
-QStringList wrongAnswers(const QVariantList &answers, const QString &path, const QVariantList &soundValues)
+QStringList wrongAnswers(const QVariantList &answers, const QString &path, const QVariantList &soundValues,
+                         Progress &progress)
 {
     QStringList wrong;
     const QVariantList values = answersOfFile(path);
@@ -71,8 +73,10 @@ QStringList wrongAnswers(const QVariantList &answers, const QString &path, const
             !isValueOrDefault(question, answers[i], soundValues[i])) {
             if (!undecided)
                 undecided = undecidedByFile(path);
-            if (undecided->contains(i) && answers[i].metaType() == question.absent.metaType())
+            if (undecided->contains(i) && answers[i].metaType() == question.absent.metaType()) {
+                ++progress.undecided;
                 continue;
+            }
             wrong.append(question.statement + u" answers "_s + toldAnswer(answers[i]) + u", the file says "_s +
                          toldAnswer(values[i]));
         }
@@ -92,7 +96,7 @@ void askDamaged(const QString &path, const Damage &damage, const QVariantList &s
     }
     ++progress.files;
 
-    const QStringList wrong = wrongAnswers(answers, path, soundValues);
+    const QStringList wrong = wrongAnswers(answers, path, soundValues, progress);
     for (const QString &line : wrong)
         child::tell("wrong %s: %s", damage.what.constData(), qPrintable(line));
     progress.wrong += wrong.size();
@@ -156,11 +160,11 @@ int child::damage(const QStringList &arguments)
     void *shared = mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
     if (shared == MAP_FAILED || step < 1)
         return 2;
-    Progress &progress = *new (shared) Progress{arguments[1].toInt(), 0, 0, 0, 0};
+    Progress &progress = *new (shared) Progress{arguments[1].toInt(), 0, 0, 0, 0, 0};
     const QByteArray sound = bytesOfFile(path);
     const QList<Damage> damages = damagesOf(sound);
     const int ended = watch(path, sound, damages, step, progress);
-    tell("damages %lld files %lld worst %.1f ms at %s", qlonglong(damages.size()), progress.files,
-         double(progress.worstNanoseconds) / 1e6, damages.value(progress.worst).what.constData());
+    tell("damages %lld files %lld undecided %lld worst %.1f ms at %s", qlonglong(damages.size()), progress.files,
+         progress.undecided, double(progress.worstNanoseconds) / 1e6, damages.value(progress.worst).what.constData());
     return ended != 0 || progress.wrong > 0 ? 1 : 0;
 }

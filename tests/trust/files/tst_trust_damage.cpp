@@ -84,6 +84,10 @@ void TestTrustDamage::damaged()
     QCOMPARE(child.exitStatus(), 0);
     const qlonglong damages = summary.section(u' ', 1, 1).toLongLong();
     QCOMPARE(summary.section(u' ', 3, 3).toLongLong(), (damages - first + step - 1) / step);
+    // SQLite calls more corrupt than rows that leave their page. What that lets off has to stay rare; mostly it is
+    // none.
+    constexpr int mostUndecided = 10;
+    QVERIFY2(summary.section(u' ', 5, 5).toInt() <= mostUndecided, qPrintable(summary));
     qInfo("%s", qPrintable(summary));
 }
 
