@@ -46,7 +46,7 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/zrsupplydatabase.pc.in
     ${CMAKE_CURRENT_BINARY_DIR}/zrsupplydatabase.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zrsupplydatabase.pc DESTINATION ${zr_pc_dir})
 if(TARGET ZrSupplyGuard)
-    configure_file(${PROJECT_SOURCE_DIR}/extras/guard/zrsupplyguard.pc.in
+    configure_file(${PROJECT_SOURCE_DIR}/guard/zrsupplyguard.pc.in
         ${CMAKE_CURRENT_BINARY_DIR}/zrsupplyguard.pc @ONLY)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zrsupplyguard.pc DESTINATION ${zr_pc_dir})
 endif()

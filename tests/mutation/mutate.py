@@ -25,7 +25,7 @@ import time
 
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent
-COPIED = ("CMakeLists.txt", "cmake", "src", "compat", "docs", "extras", "schema", "tests")
+COPIED = ("CMakeLists.txt", "cmake", "src", "compat", "docs", "guard", "schema", "tests")
 TEST_TIMEOUT = 120  # seconds; a mutant that hangs is killed too
 FLOOR = 0.95  # of the mutants judged, those that no host could notice among them
 
