@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonObject>
+#include "failure.h"
+
 #include <QtCore/QList>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
@@ -12,18 +12,6 @@ namespace zrsupply {
 
 class Invocation;
 class Output;
-
-/// Exit status of the command.
-enum class Status { Ok = 0, Failed = 1, Usage = 2, NotFound = 3 };
-
-/// Ends a verb with an error on stderr. Thrown from anywhere below `Command::run`.
-struct Failure
-{
-    Status status = Status::Failed;
-    QString message;     ///< What is wrong, one sentence without a full stop.
-    QString remedy;      ///< What to do about it, one sentence without a full stop.
-    QJsonObject details; ///< Further members of the error object with --json.
-};
 
 /// What a word on the command line stands for: checked when parsing, offered by completions.
 enum class Value { None, Text, Integer, Choice, Hex, File, Folder, RollSku, RibbonSku, Language, Verb };

@@ -1,6 +1,6 @@
 #include "expectation.h"
 
-#include "command.h"
+#include "failure.h"
 #include "methodcall.h"
 #include "nearest.h"
 

@@ -1,6 +1,6 @@
 #include "literal.h"
 
-#include "command.h"
+#include "failure.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>

@@ -1,6 +1,6 @@
 #include "methodcall.h"
 
-#include "command.h"
+#include "failure.h"
 #include "nearest.h"
 
 #include <QtCore/QJsonArray>

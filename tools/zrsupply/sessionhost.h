@@ -3,7 +3,7 @@
 #include "expectation.h"
 #include "methodcall.h"
 
-#include "command.h"
+#include "failure.h"
 
 #include <memory>
 #include <vector>

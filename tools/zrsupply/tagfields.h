@@ -1,6 +1,6 @@
 #pragma once
 
-#include "command.h"
+#include "failure.h"
 
 #include <tag/supplyc.h>
 #include <tag/taglayout_p.h>

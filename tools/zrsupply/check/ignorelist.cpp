@@ -1,6 +1,6 @@
 #include "check/ignorelist.h"
 
-#include "command.h"
+#include "failure.h"
 #include "nearest.h"
 
 #include <QtCore/QFile>
