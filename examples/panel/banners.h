@@ -1,6 +1,6 @@
 #pragma once
 
-#include <reasons.h>
+#include "reasons/reasons.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QList>

@@ -3,8 +3,8 @@
 #include "installedroll.h"
 #include "remaining.h"
 
+#include "text/units.h"
 #include <supplyconstants_p.h>
-#include <units.h>
 #include <zrsupplydatabase.h>
 
 #include <algorithm>

@@ -2,9 +2,9 @@
 
 #include "remaining.h"
 
-#include <reasons.h>
+#include "reasons/reasons.h"
+#include "text/units.h"
 #include <supplyconstants_p.h>
-#include <units.h>
 #include <zrsupplydatabase.h>
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "logmodel.h"
 
-#include <expectation.h>
+#include "session/expectation.h"
 
 #include <QtCore/QRegularExpression>
 

@@ -2,7 +2,7 @@
 
 #include "rowmodel.h"
 
-#include <sessionhost.h>
+#include "session/sessionhost.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QStringList>

@@ -1,6 +1,6 @@
 #include "tagreader.h"
 
-#include <tagfields.h>
+#include "tag/tagfields.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // The numbers, words and texts of the Printer MIB, without a catalogue.
 
-#include "markersupplies.h"
+#include "supplies/markersupplies.h"
 
 #include <QtTest/QTest>
 

@@ -1,8 +1,8 @@
 // The reasons against the checks: whatever the library announces, the reasons say too.
 
-#include <installed.h>
-#include <reasons.h>
-#include <signalrecorder.h>
+#include "reasons/reasons.h"
+#include "session/signalrecorder.h"
+#include "supplies/installed.h"
 
 #include <zrsupplydatabase.h>
 

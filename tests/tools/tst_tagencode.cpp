@@ -1,4 +1,4 @@
-#include "tagfields.h"
+#include "tag/tagfields.h"
 
 #include <QtTest/QtTest>
 

@@ -1,9 +1,9 @@
-#include "answer.h"
 #include "command.h"
-#include "nearest.h"
 #include "output.h"
-#include "tagfields.h"
-#include "units.h"
+#include "tag/tagfields.h"
+#include "text/answer.h"
+#include "text/nearest.h"
+#include "text/units.h"
 
 #include <QtTest/QtTest>
 

@@ -1,7 +1,7 @@
 #include "catalogue.h"
 
 #include "cataloguecheck.h"
-#include "nearest.h"
+#include "text/nearest.h"
 
 #include <zrsupplyguard.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "failure.h"
+#include "text/failure.h"
 
 #include <optional>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "failure.h"
+#include "text/failure.h"
 
 #include <QtCore/QList>
 #include <QtCore/QString>

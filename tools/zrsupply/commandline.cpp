@@ -1,8 +1,8 @@
 #include "commandline.h"
 
 #include "help.h"
-#include "nearest.h"
 #include "output.h"
+#include "text/nearest.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>

@@ -1,7 +1,7 @@
 #include "lineinput.h"
 
-#include "answer.h"
 #include "command.h"
+#include "text/answer.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "answer.h"
 #include "catalogue.h"
+#include "text/answer.h"
 
 /// What a command line says is loaded: --roll SKU|TAG, and up to two ribbons behind --ribbons or as arguments.
 namespace zrsupply {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "answer.h"
 #include "command.h"
+#include "text/answer.h"
 
 #include <QtCore/QByteArray>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "output.h"
-#include "sessionhost.h"
+#include "session/sessionhost.h"
 
 #include <QtCore/QFile>
 

@@ -2,8 +2,8 @@
 #include "catalogue.h"
 #include "check/checker.h"
 #include "check/sources.h"
-#include "nearest.h"
 #include "output.h"
+#include "text/nearest.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

@@ -1,10 +1,10 @@
 #include "catalogue.h"
-#include "installed.h"
-#include "literal.h"
-#include "methodcall.h"
 #include "output.h"
-#include "signalrecorder.h"
-#include "units.h"
+#include "session/literal.h"
+#include "session/methodcall.h"
+#include "session/signalrecorder.h"
+#include "supplies/installed.h"
+#include "text/units.h"
 
 #include <tag/supplyc.h>
 

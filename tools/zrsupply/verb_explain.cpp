@@ -1,8 +1,8 @@
-#include "installed.h"
-#include "literal.h"
 #include "loaded.h"
 #include "output.h"
-#include "units.h"
+#include "session/literal.h"
+#include "supplies/installed.h"
+#include "text/units.h"
 
 namespace zrsupply {
 

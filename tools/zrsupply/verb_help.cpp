@@ -1,7 +1,7 @@
 #include "commandline.h"
 #include "help.h"
-#include "nearest.h"
 #include "output.h"
+#include "text/nearest.h"
 
 namespace zrsupply {
 

@@ -1,7 +1,7 @@
 #include "catalogue.h"
 #include "lineinput.h"
 #include "output.h"
-#include "sessionhost.h"
+#include "session/sessionhost.h"
 
 namespace zrsupply {
 

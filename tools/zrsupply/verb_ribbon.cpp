@@ -1,6 +1,6 @@
 #include "catalogue.h"
 #include "output.h"
-#include "units.h"
+#include "text/units.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "catalogue.h"
 #include "lineinput.h"
-#include "sessionhelp.h"
+#include "session/sessionhelp.h"
 #include "transcripts.h"
 
 #include <unistd.h>

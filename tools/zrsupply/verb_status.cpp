@@ -1,6 +1,6 @@
 #include "loaded.h"
-#include "markersupplies.h"
 #include "output.h"
+#include "supplies/markersupplies.h"
 
 #include <QtCore/QMetaObject>
 

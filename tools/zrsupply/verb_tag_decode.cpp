@@ -1,7 +1,7 @@
 #include "commandline.h"
 #include "output.h"
-#include "tagfields.h"
-#include "units.h"
+#include "tag/tagfields.h"
+#include "text/units.h"
 
 namespace zrsupply {
 

@@ -1,6 +1,6 @@
 #include "commandline.h"
 #include "output.h"
-#include "tagfields.h"
+#include "tag/tagfields.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>

@@ -2,7 +2,7 @@
 
 #include "author/numbers.h"
 #include "author/sourcewriter.h"
-#include "nearest.h"
+#include "text/nearest.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

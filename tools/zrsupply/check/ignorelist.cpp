@@ -1,7 +1,7 @@
 #include "check/ignorelist.h"
 
-#include "failure.h"
-#include "nearest.h"
+#include "text/failure.h"
+#include "text/nearest.h"
 
 #include <QtCore/QFile>
 

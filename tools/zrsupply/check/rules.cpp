@@ -1,7 +1,7 @@
 #include "check/rules.h"
 
 #include "check/coderules.h"
-#include "failure.h"
+#include "text/failure.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>

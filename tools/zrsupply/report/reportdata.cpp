@@ -1,7 +1,7 @@
 #include "report/reportdata.h"
 
 #include "cataloguecheck.h"
-#include "reasons.h"
+#include "reasons/reasons.h"
 
 #include <QtCore/QHash>
 #include <QtSql/QSqlDatabase>

@@ -1,6 +1,6 @@
 #include "report/reportpage.h"
 
-#include "units.h"
+#include "text/units.h"
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QFile>

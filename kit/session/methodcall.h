@@ -1,6 +1,6 @@
 #pragma once
 
-#include "literal.h"
+#include "session/literal.h"
 
 #include <QtCore/QMetaMethod>
 #include <QtCore/QStringList>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "literal.h"
-#include "signalrecorder.h"
+#include "session/literal.h"
+#include "session/signalrecorder.h"
 
 #include <QtCore/QMetaMethod>
 

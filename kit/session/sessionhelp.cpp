@@ -1,8 +1,8 @@
-#include "sessionhelp.h"
+#include "session/sessionhelp.h"
 
-#include "answer.h"
-#include "methodcall.h"
-#include "sessionhost.h"
+#include "session/methodcall.h"
+#include "session/sessionhost.h"
+#include "text/answer.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "expectation.h"
-#include "methodcall.h"
+#include "session/expectation.h"
+#include "session/methodcall.h"
 
-#include "failure.h"
+#include "text/failure.h"
 
 #include <memory>
 #include <vector>

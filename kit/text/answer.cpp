@@ -1,4 +1,4 @@
-#include "answer.h"
+#include "text/answer.h"
 
 #include <QtCore/QRegularExpression>
 

@@ -1,7 +1,7 @@
-#include "installed.h"
+#include "supplies/installed.h"
 
-#include "literal.h"
-#include "units.h"
+#include "session/literal.h"
+#include "text/units.h"
 
 #include <zrsupplydatabase.h>
 

@@ -1,6 +1,6 @@
-#include "markersupplies.h"
+#include "supplies/markersupplies.h"
 
-#include "installed.h"
+#include "supplies/installed.h"
 
 #include <zrsupplydatabase.h>
 

@@ -1,8 +1,8 @@
-#include "expectation.h"
+#include "session/expectation.h"
 
-#include "failure.h"
-#include "methodcall.h"
-#include "nearest.h"
+#include "session/methodcall.h"
+#include "text/failure.h"
+#include "text/nearest.h"
 
 #include <QtCore/QJsonArray>
 

@@ -1,5 +1,5 @@
-#include "reasons.h"
-#include "units.h"
+#include "reasons/reasons.h"
+#include "text/units.h"
 
 #include <supplyconstants_p.h>
 #include <zrsupplydatabase.h>

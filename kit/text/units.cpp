@@ -1,4 +1,4 @@
-#include "units.h"
+#include "text/units.h"
 
 #include <cmath>
 #include <numeric>

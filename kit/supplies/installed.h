@@ -1,7 +1,7 @@
 #pragma once
 
-#include "answer.h"
-#include "reasons.h"
+#include "reasons/reasons.h"
+#include "text/answer.h"
 
 class ZrSupplyDatabase;
 

@@ -1,6 +1,6 @@
-#include "literal.h"
+#include "session/literal.h"
 
-#include "failure.h"
+#include "text/failure.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>

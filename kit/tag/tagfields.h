@@ -1,6 +1,6 @@
 #pragma once
 
-#include "failure.h"
+#include "text/failure.h"
 
 #include <tag/supplyc.h>
 #include <tag/taglayout_p.h>

@@ -1,4 +1,4 @@
-#include "nearest.h"
+#include "text/nearest.h"
 
 #include <algorithm>
 #include <vector>

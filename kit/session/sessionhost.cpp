@@ -1,8 +1,8 @@
-#include "sessionhost.h"
+#include "session/sessionhost.h"
 
-#include "installed.h"
-#include "nearest.h"
-#include "sessionhelp.h"
+#include "session/sessionhelp.h"
+#include "supplies/installed.h"
+#include "text/nearest.h"
 
 #include <supplyconstants_p.h>
 #include <zrsupplydatabase.h>

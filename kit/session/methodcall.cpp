@@ -1,7 +1,7 @@
-#include "methodcall.h"
+#include "session/methodcall.h"
 
-#include "failure.h"
-#include "nearest.h"
+#include "text/failure.h"
+#include "text/nearest.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QObject>

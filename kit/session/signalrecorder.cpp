@@ -1,4 +1,4 @@
-#include "signalrecorder.h"
+#include "session/signalrecorder.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "answer.h"
+#include "text/answer.h"
 
 namespace zrsupply {
 
