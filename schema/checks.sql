@@ -14,7 +14,7 @@
 --
 -- The SELECT names the table and the key of the row (the key columns as in the table's CSV file, joined by `/`), and
 -- then whatever the message needs. A rule that is not SQL has a line `code:` in place of a SELECT, the name of a
--- function in tools/zrsupply/check/coderules.cpp, and ends with an empty line.
+-- function in catalogue/check/coderules.cpp, and ends with an empty line.
 --
 -- Statements without a heading prepare what rules share, as temporary tables whose names begin with `check_`.
 -- The catalogue need not be one of ours: columns may lack types, keys and indexes. So a rule looks a value up with

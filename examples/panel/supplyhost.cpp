@@ -1,6 +1,6 @@
 #include "supplyhost.h"
 
-#include <cataloguecheck.h>
+#include "check/cataloguecheck.h"
 
 #include <utility>
 

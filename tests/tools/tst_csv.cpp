@@ -1,4 +1,4 @@
-#include "author/csv.h"
+#include "build/csv.h"
 
 #include <QtCore/QBuffer>
 #include <QtTest/QtTest>

@@ -1,6 +1,6 @@
 #include "catalogue.h"
 
-#include "cataloguecheck.h"
+#include "check/cataloguecheck.h"
 #include "text/nearest.h"
 
 #include <zrsupplyguard.h>

@@ -1,5 +1,5 @@
-#include "author/interrupt.h"
-#include "author/sourcereader.h"
+#include "build/interrupt.h"
+#include "build/sourcereader.h"
 #include "commandline.h"
 #include "output.h"
 

@@ -1,4 +1,4 @@
-#include "author/interrupt.h"
+#include "build/interrupt.h"
 #include "catalogue.h"
 #include "check/checker.h"
 #include "check/sources.h"

@@ -1,7 +1,7 @@
-#include "author/cataloguereader.h"
-#include "author/interrupt.h"
-#include "author/sourcewriter.h"
-#include "cataloguecheck.h"
+#include "build/cataloguereader.h"
+#include "build/interrupt.h"
+#include "build/sourcewriter.h"
+#include "check/cataloguecheck.h"
 #include "commandline.h"
 #include "output.h"
 

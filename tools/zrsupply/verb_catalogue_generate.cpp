@@ -1,8 +1,8 @@
-#include "author/cataloguewriter.h"
-#include "author/generator.h"
-#include "author/interrupt.h"
-#include "author/sourcewriter.h"
+#include "build/cataloguewriter.h"
+#include "build/interrupt.h"
+#include "build/sourcewriter.h"
 #include "commandline.h"
+#include "generate/generator.h"
 #include "output.h"
 
 #include <QtCore/QFileInfo>

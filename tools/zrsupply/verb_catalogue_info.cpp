@@ -1,8 +1,8 @@
-#include "author/cataloguereader.h"
-#include "author/interrupt.h"
-#include "author/sourcewriter.h"
+#include "build/cataloguereader.h"
+#include "build/interrupt.h"
+#include "build/sourcewriter.h"
 #include "catalogue.h"
-#include "cataloguecheck.h"
+#include "check/cataloguecheck.h"
 #include "commandline.h"
 #include "output.h"
 

@@ -1,5 +1,5 @@
-#include "author/interrupt.h"
-#include "author/outputplace.h"
+#include "build/interrupt.h"
+#include "build/outputplace.h"
 #include "catalogue.h"
 #include "output.h"
 #include "report/reportpage.h"
