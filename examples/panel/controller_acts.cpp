@@ -1,7 +1,7 @@
 #include "controller.h"
 
+#include "cli/catalogue.h"
 #include "session/literal.h"
-#include <catalogue.h>
 #include <supplyconstants_p.h>
 
 #include <QtCore/QCoreApplication>

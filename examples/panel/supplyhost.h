@@ -2,7 +2,7 @@
 
 #include "logmodel.h"
 
-#include <command.h>
+#include "cli/command.h"
 #include <zrsupplydatabase.h>
 
 #include <QtCore/QObject>

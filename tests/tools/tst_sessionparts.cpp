@@ -1,11 +1,11 @@
 // What a session is made of: words, values, calls by name, the recorder of all signals, expectations.
 
+#include "cli/command.h"
 #include "session/expectation.h"
 #include "session/literal.h"
 #include "session/methodcall.h"
 #include "session/sessionhelp.h"
 #include "session/signalrecorder.h"
-#include <command.h>
 
 #include <zrsupplydatabase.h>
 

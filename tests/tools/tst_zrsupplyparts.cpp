@@ -1,5 +1,5 @@
-#include "command.h"
-#include "output.h"
+#include "cli/command.h"
+#include "cli/output.h"
 #include "tag/tagfields.h"
 #include "text/answer.h"
 #include "text/nearest.h"
