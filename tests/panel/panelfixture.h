@@ -1,6 +1,6 @@
 #pragma once
 
-#include <controller.h>
+#include "app/controller.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtTest/QTest>

@@ -2,11 +2,11 @@
 
 #include "panelfixture.h"
 
-#include <gauge.h>
-#include <glyph.h>
-#include <remaining.h>
-#include <rollgeometry.h>
-#include <rollpicture.h>
+#include "models/remaining.h"
+#include "models/rollgeometry.h"
+#include "scene/gauge.h"
+#include "scene/glyph.h"
+#include "scene/rollpicture.h"
 
 #include <QtGui/QPainter>
 

@@ -160,7 +160,7 @@ void PanelSessionsTest::notSaved()
 void PanelSessionsTest::playsEveryExample_data()
 {
     QTest::addColumn<QString>("path");
-    const QDir folder(sourcePath(u"examples/sessions"_s));
+    const QDir folder(sourcePath(u"tools/sessions"_s));
     for (const QString &name : folder.entryList({u"*.session"_s}))
         QTest::newRow(qPrintable(name)) << folder.filePath(name);
 }
@@ -230,7 +230,7 @@ void PanelSessionsTest::stopsWhenTold()
 {
     PanelFixture panel;
     QSignalSpy changes(&*panel, &panel::Controller::playingChanged);
-    panel->playSession(sourcePath(u"examples/sessions/good-roll.session"_s));
+    panel->playSession(sourcePath(u"tools/sessions/good-roll.session"_s));
     QVERIFY(panel->isPlaying());
     panel->stopPlaying();
     QVERIFY(!panel->isPlaying());
@@ -268,7 +268,7 @@ void PanelSessionsTest::droppedFiles()
 {
     PanelFixture panel;
     panel->setSpeed(0.0);
-    panel->takeFile(QUrl::fromLocalFile(sourcePath(u"examples/sessions/good-roll.session"_s)));
+    panel->takeFile(QUrl::fromLocalFile(sourcePath(u"tools/sessions/good-roll.session"_s)));
     QVERIFY(panel->isPlaying());
     QTRY_VERIFY(!panel->isPlaying());
     panel->takeFile(QUrl::fromLocalFile(sourcePath(u"README.md"_s)));

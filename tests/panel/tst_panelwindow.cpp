@@ -250,7 +250,7 @@ void PanelWindowTest::droppedSessionPlays()
     QCOMPARE(window->speed(), 4.0);
     window.click(u"speed2"_s);
     QCOMPARE(window->speed(), 0.0);
-    drop(window.window(), sourcePath(u"examples/sessions/good-roll.session"_s));
+    drop(window.window(), sourcePath(u"tools/sessions/good-roll.session"_s));
     QVERIFY(window->isPlaying());
     QTRY_VERIFY(!window->isPlaying());
     QCOMPARE(window.text(u"rollTitle"_s), u"White Vinyl"_s);

@@ -82,7 +82,7 @@ void ReplayTest::recordingOfEveryExample_data()
 {
     QTest::addColumn<QString>("path");
 
-    const QDir examples(sourcePath(u"examples/sessions"_s));
+    const QDir examples(sourcePath(u"tools/sessions"_s));
     const QStringList files = examples.entryList({u"*.session"_s});
     QVERIFY(files.size() >= 10);
     for (const QString &file : files)

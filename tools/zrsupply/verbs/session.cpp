@@ -129,7 +129,7 @@ Command sessionCommand()
         {{u"record"_s, u"Keep every event and all that came back in a new file, for zrsupply replay"_s, Value::File,
           u"FILE"_s}},
         {{u"session"_s, u"Events from the keyboard."_s},
-         {u"session examples/sessions/good-roll.session"_s, u"A session from a file."_s},
+         {u"session tools/sessions/good-roll.session"_s, u"A session from a file."_s},
          {u"session --record monday.session"_s, u"Keep what happens at a printer for a desk."_s}},
         {{Status::Ok, u"the session came to its end"_s},
          {Status::Failed, u"an expectation was not met, or a file could not be used"_s},
