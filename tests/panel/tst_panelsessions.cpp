@@ -2,7 +2,7 @@
 
 #include "panelfixture.h"
 
-#include <tools/textfile.h>
+#include "support/textfile.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>

@@ -1,6 +1,6 @@
 // The verb demo: a tour that a person can watch and a program can read.
 
-#include "commandrun.h"
+#include "support/commandrun.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QTemporaryDir>

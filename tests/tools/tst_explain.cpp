@@ -1,6 +1,6 @@
 // The verb explain, driven as a person drives it: rules, rows, rolls by tag, ribbons by id, errors.
 
-#include "commandrun.h"
+#include "support/commandrun.h"
 
 #include <QtCore/QJsonArray>
 #include <QtTest/QTest>

@@ -1,7 +1,7 @@
 // Recordings of sessions and the verb replay.
 
-#include "commandrun.h"
-#include "textfile.h"
+#include "support/commandrun.h"
+#include "support/textfile.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

@@ -1,7 +1,7 @@
 // The verb session, driven as a person or a program drives it.
 
-#include "commandrun.h"
-#include "textfile.h"
+#include "support/commandrun.h"
+#include "support/textfile.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>

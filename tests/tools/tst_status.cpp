@@ -1,6 +1,6 @@
 // The verb status: every row of the mapping that docs/status.md gives, and the three ways of writing it.
 
-#include "commandrun.h"
+#include "support/commandrun.h"
 
 #include <QtCore/QJsonArray>
 #include <QtTest/QTest>

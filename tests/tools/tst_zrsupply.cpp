@@ -1,4 +1,4 @@
-#include "commandrun.h"
+#include "support/commandrun.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

@@ -1,6 +1,6 @@
-#include "commandrun.h"
-#include "scriptrun.h"
-#include "sourcefolder.h"
+#include "support/commandrun.h"
+#include "support/scriptrun.h"
+#include "support/sourcefolder.h"
 
 #include <QtCore/QJsonArray>
 #include <QtTest/QtTest>

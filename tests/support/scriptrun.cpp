@@ -1,6 +1,6 @@
-#include "scriptrun.h"
+#include "support/scriptrun.h"
 
-#include "commandrun.h"
+#include "support/commandrun.h"
 
 #include <QtCore/QFile>
 

@@ -29,7 +29,7 @@ struct Method
 
 QList<Method> readGoldenList()
 {
-    QFile file(QFINDTESTDATA("data/metamethods.tsv"));
+    QFile file(QFINDTESTDATA("../data/metamethods.tsv"));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qPrintable(file.fileName()));
     QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);

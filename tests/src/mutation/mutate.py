@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Changes src/ in one place at a time and sees whether a test fails.
 
-    tests/mutation/mutate.py [--list] [--only REGEX] [--sample N] [--jobs N] [--work DIR]
+    tests/src/mutation/mutate.py [--list] [--only REGEX] [--sample N] [--jobs N] [--work DIR]
 
 Each change is a mutant: a constant, a comparison, an operator, a text, a statement left out, a name of a family put in
 another's place. It is built in a copy of the tree, and the tests run until one fails: the mutant is killed. One that
@@ -24,7 +24,7 @@ import tempfile
 import time
 
 HERE = pathlib.Path(__file__).resolve().parent
-ROOT = HERE.parent.parent
+ROOT = HERE.parent.parent.parent
 COPIED = ("CMakeLists.txt", "cmake", "src", "compat", "docs", "guard", "schema", "tests")
 TEST_TIMEOUT = 120  # seconds; a mutant that hangs is killed too
 FLOOR = 0.95  # of the mutants judged, those that no host could notice among them
@@ -260,10 +260,10 @@ class Workshop:
                   "-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS=-O0 -g0", "-DZR_BUILD_TOOLS=OFF",
                   "-DZR_BUILD_EXAMPLES=OFF", "-DZR_BUILD_PANEL=OFF", *launcher], check=True)
         # What the library's operations are held to, row by row; the long random tests come to the same, later.
-        names = sorted(path.stem for path in (ROOT / "tests").glob("tst_*.cpp") if "cutelogger" not in path.stem)
+        names = sorted(path.stem for path in (ROOT / "tests/src").glob("tst_*.cpp") if "cutelogger" not in path.stem)
         self.run(["ninja", "-C", str(self.build), *names], check=True)
         self.seconds = {}
-        for test in (self.build / "tests" / name for name in names):
+        for test in (self.build / "tests/src" / name for name in names):
             started = time.monotonic()
             if not self.passes(test):
                 sys.exit(f"{test.name} fails without any change; mend that first")

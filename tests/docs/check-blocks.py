@@ -25,7 +25,7 @@ import tempfile
 from blocks import ROOT, blocks, make_tree, pages
 
 HOW_TO_COVER = """  Make it a transcript ("$ " before what is typed, then the output), or label it cpp, cmake, json or sql so that
-  tests/documents/check-blocks.py checks it; for another kind of block add a rule there. A picture has lines or arrows."""
+  tests/docs/check-blocks.py checks it; for another kind of block add a rule there. A picture has lines or arrows."""
 PICTURE = re.compile(r"[─│├└►]|->")
 INCLUDES = """#include <QtCore>
 #include <Logger.h>

@@ -1,5 +1,5 @@
-#include "commandrun.h"
-#include "sourcefolder.h"
+#include "support/commandrun.h"
+#include "support/sourcefolder.h"
 
 #include "zrsupplydatabase.h"
 

@@ -1,6 +1,6 @@
-#include "sourcefolder.h"
+#include "support/sourcefolder.h"
 
-#include "commandrun.h"
+#include "support/commandrun.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QDirIterator>

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the seeds of the fuzz targets, tests/fuzz/corpus/*/seed-*; needs no argument. Everything in them is invented.
+"""Writes the seeds of the fuzz targets, tests/trust/fuzz/corpus/*/seed-*; needs no argument. Everything in them is invented.
 
 With --check nothing is written: ends with status 1 when a seed of the tree is not what this writes. The catalogues are
 compared only in what they hold, since their bytes depend on the version of SQLite.
@@ -11,7 +11,7 @@ import sys
 import tempfile
 
 HERE = pathlib.Path(__file__).resolve().parent
-ROOT = HERE.parent.parent
+ROOT = HERE.parent.parent.parent
 
 TAGS = {
     "empty": "",
@@ -115,7 +115,7 @@ def main():
         if path not in expected:
             wrong.append(path)
     for path in wrong:
-        print(f"{path.relative_to(ROOT)} is not what tests/fuzz/make-seeds.py writes; run it", file=sys.stderr)
+        print(f"{path.relative_to(ROOT)} is not what tests/trust/fuzz/make-seeds.py writes; run it", file=sys.stderr)
     sys.exit(1 if wrong else 0)
 
 

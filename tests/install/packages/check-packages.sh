@@ -5,7 +5,7 @@
 #   check-packages.sh FOLDER_WITH_PACKAGES
 set -eu
 packages=$(cd "$1" && pwd)
-source_root=$(cd "$(dirname "$0")/../.." && pwd)
+source_root=$(cd "$(dirname "$0")/../../.." && pwd)
 work=$(mktemp -d)
 chmod 755 "$work"
 trap 'rm -rf "$work"' EXIT

@@ -12,7 +12,7 @@ fi
 
 here=$(CDPATH='' cd -- "$(dirname -- "$0")" && pwd)
 sources=$(CDPATH='' cd -- "$1" && pwd)
-schema=$(CDPATH='' cd -- "$here/../../schema" && pwd)
+schema=$(CDPATH='' cd -- "$here/../../../schema" && pwd)
 build=$schema/build-catalogue
 sqlite=${SQLITE3:-sqlite3}
 work=$(mktemp -d) || exit 1
