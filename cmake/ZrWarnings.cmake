@@ -17,6 +17,31 @@ function(zr_target target)
     target_compile_definitions(${target} PRIVATE
         QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
     zr_warnings(${target})
+    zr_reuse_headers(${target} qt)
+endfunction()
+
+# zr_compile_headers(set LIBRARIES target... HEADERS header...)
+# With ZR_PRECOMPILED_HEADERS, g++ compiles the headers of a set once, and the targets that reuse the set include the
+# result before anything else. clang++ requires the same definitions of all of them, so that it gets none.
+function(zr_compile_headers set)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBRARIES;HEADERS")
+    if(NOT (ZR_PRECOMPILED_HEADERS AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU"))
+        return()
+    endif()
+    set(source ${CMAKE_CURRENT_BINARY_DIR}/zr_headers_${set}.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "")
+    add_library(zr_headers_${set} OBJECT ${source})
+    zr_target(zr_headers_${set})
+    set_target_properties(zr_headers_${set} PROPERTIES AUTOMOC OFF POSITION_INDEPENDENT_CODE ON)
+    target_link_libraries(zr_headers_${set} PRIVATE ${arg_LIBRARIES})
+    target_precompile_headers(zr_headers_${set} PRIVATE ${arg_HEADERS})
+endfunction()
+
+# A set that was not compiled is not reused: the sources include their headers anyway.
+function(zr_reuse_headers target set)
+    if(TARGET zr_headers_${set} AND NOT target MATCHES "^zr_headers_")
+        set_target_properties(${target} PROPERTIES PRECOMPILE_HEADERS_REUSE_FROM zr_headers_${set})
+    endif()
 endfunction()
 
 # A shared library of ours: it exports what the list names, and needs nothing that it does not link.
