@@ -13,6 +13,9 @@ inline QSqlDatabase catalogueConnection()
     return QSqlDatabase::database(supply::connectionName(), true);
 }
 
+/// Removes it from Qt's registry, where there still is one.
+void removeCatalogueConnection();
+
 /// Runs `statement` and hands every row to `visit`, in the catalogue's order; no row when the catalogue is closed.
 template <typename Visit>
 void forEachCatalogueRow(QLatin1StringView statement, Visit visit)

@@ -1,8 +1,7 @@
 #include "zrsupplydatabase.h"
 
+#include "cataloguequery_p.h"
 #include "supplyconstants_p.h"
-
-#include <QtSql/QSqlDatabase>
 
 #include <utility>
 
@@ -18,7 +17,7 @@ ZrSupplyDatabase::ZrSupplyDatabase()
 ZrSupplyDatabase::~ZrSupplyDatabase()
 {
     // Deliberate: the fixed name, whatever setup() was given; a connection of another name is its host's to remove.
-    QSqlDatabase::removeDatabase(connectionName());
+    removeCatalogueConnection();
 }
 
 void ZrSupplyDatabase::init()

@@ -5,6 +5,8 @@
 
 #include <Logger.h>
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QLibraryInfo>
 #include <QtSql/QSqlDatabase>
 #include <QtSql/QSqlError>
 #include <QtSql/QSqlQuery>
@@ -35,12 +37,45 @@ int toIntTruncated(const QVariant &value)
     return value.toInt();
 }
 
+/// Whether Qt has a registry of connections. In versions after 6.4 it belongs to the application: without one every
+/// call prints a warning.
+bool hasRegistry()
+{
+    return QLibraryInfo::version() < QVersionNumber(6, 5) || QCoreApplication::instance();
+}
+
+/// True once the process has destroyed Qt's registry of connections, or is about to. Static objects go in the reverse
+/// order of their making, so an object that the host made before the registry outlives it.
+bool registryHasEnded = false;
+
+/// The registry has to exist before the first call, so that it is destroyed after what this function makes.
+void watchRegistry()
+{
+    struct End
+    {
+        End() = default;
+        ~End() { registryHasEnded = true; }
+        Q_DISABLE_COPY_MOVE(End)
+    };
+    static const End end;
+}
+
+/// Makes the registry together with the application, hence before every object that main() makes, local or static.
+void makeRegistry()
+{
+    QSqlDatabase::contains(connectionName());
+    watchRegistry();
+}
+
 } // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(makeRegistry)
 
 bool ZrSupplyDatabase::setup(QString path, QString connectionName)
 {
     // Deliberate: registered under the name that was passed, which lookups do not know unless it is the default.
     QSqlDatabase catalogue = QSqlDatabase::addDatabase(driverName, connectionName);
+    watchRegistry();
     catalogue.setConnectOptions(readOnlyOption);
     catalogue.setDatabaseName(path);
     const bool opened = catalogue.open();
@@ -49,6 +84,13 @@ bool ZrSupplyDatabase::setup(QString path, QString connectionName)
             << "Database Opening Error: " << catalogue.lastError().text();
     }
     return opened;
+}
+
+void removeCatalogueConnection()
+{
+    // The end of the registry closed the connection, and a call after it crashes.
+    if (hasRegistry() && !registryHasEnded)
+        QSqlDatabase::removeDatabase(connectionName());
 }
 
 QVariant ZrSupplyDatabase::getSingleVariantByQuery(QString query, QVariant defaultValue)
