@@ -282,7 +282,8 @@ public Q_SLOTS:
     // 110-111  the catalogue (_catalogue.cpp)
 
     /// Opens the catalogue file read-only and tells whether that succeeded; a failure is also logged. Lookups use
-    /// only the default connection name: a catalogue opened under another name answers none of them.
+    /// only the default connection name: a catalogue opened under another name answers none of them. Fails without a
+    /// QCoreApplication, except with Qt 6.4.
     bool setup(QString path, QString connectionName = QLatin1String("SUPPLY_INFO_QT_SQL_CONNECTION_NAME"));
 
     // 112-121  setters: 112, 113 and 116-118 only store (zrsupplydatabase.cpp), the others announce (_installed.cpp)

@@ -38,7 +38,7 @@ int toIntTruncated(const QVariant &value)
 }
 
 /// Whether Qt has a registry of connections. In versions after 6.4 it belongs to the application: without one every
-/// call prints a warning.
+/// call prints a warning, and a handle crashes when it is opened or destroyed.
 bool hasRegistry()
 {
     return QLibraryInfo::version() < QVersionNumber(6, 5) || QCoreApplication::instance();
@@ -73,9 +73,13 @@ Q_COREAPP_STARTUP_FUNCTION(makeRegistry)
 
 bool ZrSupplyDatabase::setup(QString path, QString connectionName)
 {
-    // Deliberate: registered under the name that was passed, which lookups do not know unless it is the default.
-    QSqlDatabase catalogue = QSqlDatabase::addDatabase(driverName, connectionName);
-    watchRegistry();
+    // Without a registry, the handle is one that does not open and says why.
+    QSqlDatabase catalogue;
+    if (hasRegistry()) {
+        // Deliberate: registered under the name that was passed, which lookups do not know unless it is the default.
+        catalogue = QSqlDatabase::addDatabase(driverName, connectionName);
+        watchRegistry();
+    }
     catalogue.setConnectOptions(readOnlyOption);
     catalogue.setDatabaseName(path);
     const bool opened = catalogue.open();

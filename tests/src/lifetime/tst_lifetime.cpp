@@ -3,6 +3,7 @@
 
 #include "support/fixturecatalogue.h"
 
+#include <QtCore/QLibraryInfo>
 #include <QtCore/QProcess>
 #include <QtTest/QTest>
 
@@ -40,6 +41,11 @@ Ended run(const QString &program, const QStringList &arguments, const QProcessEn
     return ended;
 }
 
+bool connectionsNeedAnApplication()
+{
+    return QLibraryInfo::version() >= QVersionNumber(6, 5);
+}
+
 } // namespace
 
 class TestLifetime : public QObject
@@ -49,6 +55,7 @@ class TestLifetime : public QObject
 private Q_SLOTS:
     void endsQuietly_data();
     void endsQuietly();
+    void setupWithoutApplication();
 
 private:
     FixtureCatalogue m_catalogue;
@@ -95,6 +102,21 @@ void TestLifetime::endsQuietly()
         QVERIFY2(ended.status == 0, where.constData());
         QCOMPARE(ended.output, output);
     }
+}
+
+void TestLifetime::setupWithoutApplication()
+{
+    const Ended ended = run(u"lifetime_host"_s, {u"local"_s, m_catalogue.path(), u"none"_s});
+    QCOMPARE(ended.status, 0);
+    if (!connectionsNeedAnApplication()) {
+        QCOMPARE(ended.errors, QByteArray());
+        QCOMPARE(ended.output, QByteArray("16777215\n"));
+        return;
+    }
+    QCOMPARE(ended.output, QByteArray("-1\n"));
+    QVERIFY2(ended.errors.contains("setup() failed\n"), ended.errors.constData());
+    QVERIFY2(ended.errors.contains("<ZrSupplyDatabase::setup> Database Opening Error:  \"Driver not loaded"),
+             ended.errors.constData());
 }
 
 QTEST_GUILESS_MAIN(TestLifetime)
