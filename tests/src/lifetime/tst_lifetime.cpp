@@ -46,6 +46,16 @@ bool connectionsNeedAnApplication()
     return QLibraryInfo::version() >= QVersionNumber(6, 5);
 }
 
+/// A logger that installs a message handler of Qt's, as upstream's does, in place of the one that is built here.
+QProcessEnvironment handlingLogger()
+{
+    QProcessEnvironment environment;
+#ifdef ZR_LOGGER_DIR
+    environment.insert(u"LD_LIBRARY_PATH"_s, QString::fromLatin1(ZR_LOGGER_DIR));
+#endif
+    return environment;
+}
+
 } // namespace
 
 class TestLifetime : public QObject
@@ -56,6 +66,10 @@ private Q_SLOTS:
     void endsQuietly_data();
     void endsQuietly();
     void setupWithoutApplication();
+    void pluginIsUnloaded_data();
+    void pluginIsUnloaded();
+    void messageHandler_data();
+    void messageHandler();
 
 private:
     FixtureCatalogue m_catalogue;
@@ -117,6 +131,66 @@ void TestLifetime::setupWithoutApplication()
     QVERIFY2(ended.errors.contains("setup() failed\n"), ended.errors.constData());
     QVERIFY2(ended.errors.contains("<ZrSupplyDatabase::setup> Database Opening Error:  \"Driver not loaded"),
              ended.errors.constData());
+}
+
+void TestLifetime::pluginIsUnloaded_data()
+{
+    QTest::addColumn<QProcessEnvironment>("environment");
+    QTest::addColumn<bool>("opens");
+    QTest::addColumn<QByteArray>("errors");
+
+    const QByteArray own = "after the plugin\nafter the plugin\nafter the application\n";
+    QTest::newRow("catalogue opens") << QProcessEnvironment() << true << own;
+#ifdef ZR_LOGGER_DIR
+    const QByteArray record =
+        "<ZrSupplyDatabase::setup> Database Opening Error:  \"unable to open database file Error "
+        "opening database\" \n";
+    QTest::newRow("setup() fails, the logger that is built here")
+        << QProcessEnvironment() << false
+        << "No appenders registered with logger\n[Debug  ] " + record + "after the plugin\n[Debug  ] " + record +
+               "after the plugin\nafter the application\n";
+    QTest::newRow("catalogue opens, a logger with a message handler") << handlingLogger() << true << own;
+    const QByteArray full =
+        "[Debug] <bool ZrSupplyDatabase::setup(QString, QString)> Database Opening Error:  \"unable to "
+        "open database file Error opening database\" \n[Warning] <> after the plugin\n";
+    QTest::newRow("setup() fails, a logger with a message handler")
+        << handlingLogger() << false
+        << full + "[Debug] <Logger::end> the application ends\n" + full + "[Warning] <> after the application\n";
+#endif
+}
+
+void TestLifetime::pluginIsUnloaded()
+{
+    QFETCH(const QProcessEnvironment, environment);
+    QFETCH(const bool, opens);
+    QFETCH(const QByteArray, errors);
+    const QString catalogue = opens ? m_catalogue.path() : u"/nowhere/catalogue.sqlite"_s;
+    const Ended ended = run(u"lifetime_loader"_s, {QString::fromLatin1(ZR_PLUGIN), catalogue}, environment);
+    QCOMPARE(ended.errors, errors);
+    QCOMPARE(ended.status, 0);
+    QCOMPARE(ended.output, QByteArray(opens ? "16777215\n16777215\n" : "setup() failed\nsetup() failed\n"));
+}
+
+void TestLifetime::messageHandler_data()
+{
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QByteArray>("line");
+    QTest::newRow("the host uses the logger first") << u"logger"_s << QByteArray("host: a warning\n");
+    // What the documentation warns of; without it the row above would prove nothing.
+    QTest::newRow("setup() uses the logger first") << u"handler"_s << QByteArray("[Warning] <> a warning\n");
+}
+
+void TestLifetime::messageHandler()
+{
+#ifndef ZR_LOGGER_DIR
+    QSKIP("the logger of this build is an installed one");
+#endif
+    QFETCH(const QString, first);
+    QFETCH(const QByteArray, line);
+    const Ended ended = run(u"lifetime_loggerhost"_s, {first, u"/nowhere/catalogue.sqlite"_s}, handlingLogger());
+    QCOMPARE(ended.status, 1);
+    QVERIFY2(ended.errors.contains('\n' + line), ended.errors.constData());
+    QVERIFY2(ended.errors.contains("Database Opening Error:"), ended.errors.constData());
 }
 
 QTEST_GUILESS_MAIN(TestLifetime)
