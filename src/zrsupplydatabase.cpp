@@ -22,29 +22,31 @@ ZrSupplyDatabase::~ZrSupplyDatabase()
 
 void ZrSupplyDatabase::init()
 {
+    // Made here: where the library is static, an object of the host may be made before `unsetString` is.
+    const QString unset = QString::number(unsetInt);
     // Deliberate: the three lists grow with every call, and the members left out keep the last tag's values.
-    const QStringList unsetRibbons = {unsetString, unsetString};
+    const QStringList unsetRibbons = {unset, unset};
 
-    m_supplySKU = unsetString;
+    m_supplySKU = unset;
     m_supplyRibbonSKUs += unsetRibbons;
     m_supplyLength = unsetReal;
     m_ribbon1Length = unsetReal;
     m_ribbon2Length = unsetReal;
-    m_supplyId = unsetString;
-    m_supplyUid = unsetString;
-    m_ribbon1Uid = unsetString;
-    m_ribbon2Uid = unsetString;
+    m_supplyId = unset;
+    m_supplyUid = unset;
+    m_ribbon1Uid = unset;
+    m_ribbon2Uid = unset;
     m_supplyMileage = unsetInt;
     m_ribbon1Mileage = unsetInt;
     m_ribbon2Mileage = unsetInt;
     m_supplySupplyPercent = unsetReal;
     m_supplyRibbon1Percent = unsetReal;
     m_supplyRibbon2Percent = unsetReal;
-    m_supplySupplyRGB = unsetString;
+    m_supplySupplyRGB = unset;
     m_supplyRibbon1RGBs += unsetRibbons;
     m_supplyRibbon2RGBs += unsetRibbons;
-    m_ribbon1Type = unsetString;
-    m_ribbon2Type = unsetString;
+    m_ribbon1Type = unset;
+    m_ribbon2Type = unset;
     m_supplyTagLength = unsetInt;
     m_supplySecColorWidth = unsetReal;
     m_supplySecColorRGB = unsetInt;

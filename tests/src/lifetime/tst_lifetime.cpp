@@ -7,6 +7,8 @@
 #include <QtCore/QProcess>
 #include <QtTest/QTest>
 
+#include <utility>
+
 #include <sys/resource.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -83,7 +85,6 @@ void TestLifetime::endsQuietly_data()
 
     const QByteArray answer = "16777215\n";
     const QString host = u"lifetime_host"_s;
-    const QString early = u"lifetime_early"_s;
     QTest::newRow("local") << host << u"local"_s << answer;
     QTest::newRow("local, the host calls exit()") << host << u"local, exit()"_s << answer;
     QTest::newRow("never deleted") << host << u"never deleted"_s << answer;
@@ -96,12 +97,18 @@ void TestLifetime::endsQuietly_data()
     QTest::newRow("two static objects") << host << u"two objects"_s << answer;
     QTest::newRow("static objects without setup(), Qt SQL used by the host")
         << host << u"no setup()"_s << QByteArray("no setup\n");
-    QTest::newRow("namespace-scope static") << early << u"before main()"_s << answer;
-    QTest::newRow("namespace-scope static, the host calls exit()") << early << u"before main(), exit()"_s << answer;
-    QTest::newRow("namespace-scope static without setup(), Qt SQL used by the host")
-        << early << u"before main(), no setup()"_s << QByteArray("no setup\n");
-    QTest::newRow("namespace-scope static, unset values")
-        << early << u"before main(), unset values"_s << QByteArray("-1 -1 -1\n");
+    // A shared library is made ready before the program, a static one after the program's own static objects.
+    for (const auto &[program, kind] : {std::pair(u"lifetime_early"_s, "shared"), {u"lifetime_inside"_s, "static"}}) {
+        QTest::addRow("namespace-scope static, %s library", kind) << program << u"before main()"_s << answer;
+        QTest::addRow("namespace-scope static, %s library, the host calls exit()", kind)
+            << program << u"before main(), exit()"_s << answer;
+        QTest::addRow("namespace-scope static without setup(), %s library, Qt SQL used by the host", kind)
+            << program << u"before main(), no setup()"_s << QByteArray("no setup\n");
+        QTest::addRow("namespace-scope static, %s library, unset values", kind)
+            << program << u"before main(), unset values"_s << QByteArray("-1 -1 -1\n");
+    }
+    QTest::newRow("function-local static, static library") << u"lifetime_inside"_s << u"function static"_s << answer;
+    QTest::newRow("static pointer, static library") << u"lifetime_inside"_s << u"namespace pointer"_s << answer;
 }
 
 void TestLifetime::endsQuietly()
