@@ -35,7 +35,9 @@ namespace fuzzhost {
 
 void start(int *argc, char **argv)
 {
-    static QCoreApplication application(*argc, argv);
+    // Intentional: never destroyed. Since Qt 6.8 the application, as it ends, closes what Qt's registry of
+    // connections holds, and at the end of the process the registry is gone before a static application is.
+    [[maybe_unused]] static auto *const application = new QCoreApplication(*argc, argv);
     static const QuietLog quiet;
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
 }
