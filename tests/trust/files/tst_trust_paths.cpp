@@ -292,7 +292,7 @@ void TestTrustPaths::pipeLetsGoWhenItIsWritten()
     QCOMPARE(child.line(), u"setting up"_s);
     // A writer that does not wait gets the pipe only while a reader waits for it: that is where the child is.
     int writer = -1;
-    QTRY_VERIFY_WITH_TIMEOUT((writer = open(pipe.constData(), O_WRONLY | O_NONBLOCK)) >= 0, 10'000);
+    QVERIFY(QTest::qWaitFor([&] { return (writer = open(pipe.constData(), O_WRONLY | O_NONBLOCK)) >= 0; }, 10'000));
     // What cannot be read at a place of one's own choosing is no database file.
     QVERIFY(child.line().startsWith("log Database Opening Error: "_L1));
     QCOMPARE(child.line(), u"opened 0"_s);
