@@ -310,9 +310,13 @@ void TestHostileArguments::nothingBesideTheCatalogueIsRead()
     // What SQLite tells of itself, and where the catalogue lies.
     QCOMPARE(reads("sqlite_version()"), QString::fromLatin1(sqlite3_libversion()));
     QCOMPARE(reads("file FROM pragma_database_list"), QFileInfo(host.catalogue().path()).canonicalFilePath());
-    for (const char *reader : {"readfile('/etc/hostname')", "load_extension('hostile')", "data FROM sqlite_dbpage",
-                               "name FROM fsdir('/')", "1 FROM csv('/etc/hostname')"})
+    for (const char *reader : {"readfile('/etc/hostname')", "load_extension('hostile')", "name FROM fsdir('/')",
+                               "1 FROM csv('/etc/hostname')"})
         QCOMPARE(reads(reader), QString());
+    // Where SQLite is built with the table of pages, as in Debian 13, it shows the catalogue's own.
+    const bool hasPages = sqlite3_compileoption_used("ENABLE_DBPAGE_VTAB") != 0;
+    QCOMPARE(reads("hex(substr(data, 1, 15)) FROM sqlite_dbpage WHERE pgno=1"),
+             hasPages ? QString::fromLatin1(QByteArray("SQLite format 3").toHex().toUpper()) : QString());
     QCOMPARE(host.harm(), QString());
 }
 
@@ -337,10 +341,12 @@ void TestHostileArguments::anAnalysisIsAskedForAndRefused()
     const TextPlace place = HostileHost::places().at(6);
     QCOMPARE(place.name(), u"supplySecColorName/1.sku"_s);
     host.database().supplySecColorName(u"STRIPED"_s); // what was asked for before is what it would analyse
-    host.hand(place, u"x' UNION SELECT 1 FROM pragma_optimize --"_s);
+    // The mask asks for all tables, as SQLite before 3.46 takes them anyway.
+    host.hand(place, u"x' UNION SELECT 1 FROM pragma_optimize(65538) --"_s);
     const SqliteWatch::Counts &counts = host.watch().counts();
     QVERIFY(counts.writingStatements > 0);
-    QVERIFY(counts.otherActions > 0);
+    // Since 3.46 SQLite notices that it cannot write before it compiles the analysis.
+    QCOMPARE(counts.otherActions > 0, sqlite3_libversion_number() < 3'046'000);
     QCOMPARE(counts.writes + counts.temporaryWrites + counts.writableOpens + counts.otherOpens, 0);
     host.watch().reset();
     QCOMPARE(host.harm(), QString());
