@@ -1,14 +1,24 @@
 #!/bin/sh
 # Holds what hosts depend on to what was agreed, or agrees to what is there now.
 #
-#   gate.sh check|accept declarations|symbols|abi SOURCE_ROOT LIBRARY
+#   gate.sh check|accept declarations|symbols|abi SOURCE_ROOT LIBRARY [PLATFORM]
 #
+# A dump of `abi` belongs to the PLATFORM on which it was taken, compiler and Qt: tests/data/abi-platform.txt names it.
+# Elsewhere `check abi` says so and exits with 77, which CTest counts as skipped.
 # `check` compares and, on a difference, says what it means; `accept` writes the list anew. scripts/accept-interface
 # is what a person calls. LIBRARY holds debug information, which `abi` reads.
 set -eu
 LC_ALL=C
 export LC_ALL
-action=$1 gate=$2 root=$3 library=$4
+action=$1 gate=$2 root=$3 library=$4 platform=${5:-}
+taken_on=$root/tests/data/abi-platform.txt
+if [ "$gate" = abi ]; then
+    [ -n "$platform" ] || { echo "gate.sh: abi needs the platform as the fifth argument" >&2; exit 2; }
+    if [ "$action" = check ] && [ "$platform" != "$(cat "$taken_on")" ]; then
+        echo "Skipped: the ABI baseline was taken on $(cat "$taken_on"); this is $platform"
+        exit 77
+    fi
+fi
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -115,6 +125,7 @@ packaged=$root/packaging/debian/libzrsupplydatabase1.symbols
 
 if [ "$action" = accept ]; then
     cp "$work/now" "$agreed"
+    [ "$gate" != abi ] || echo "$platform" >"$taken_on"
     if [ "$gate" = symbols ]; then
         # Names that stay keep the version they came with.
         version=$(sed -n 's/^    VERSION \([0-9.]*\)$/\1/p' "$root/CMakeLists.txt" | head -n 1)
