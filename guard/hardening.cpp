@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 #include <iterator>
+#include <mutex>
 #include <new>
 #include <type_traits>
 #include <utility>
@@ -23,6 +24,14 @@ constexpr int stepsBetweenLooks = 100;
 struct Watch
 {
     sqlite3 *connection = nullptr;
+    Watch *next = nullptr; ///< Of those that are open.
+    Limits limits;
+    Use use = Use::Lookups;
+    // While the guard looks whether it is still in charge: what was called, and that the clock is to end a statement.
+    bool isTried = false;
+    bool wasAuthorized = false;
+    bool wasStarted = false;
+    bool wasLookedAt = false;
     bool isRunning = false; ///< Since the last start the clock was looked at, and said `started`.
     Clock::time_point started;
     Clock::duration longest;
@@ -65,54 +74,22 @@ constexpr LimitRow limitRows[] = {
 /// Nothing that only reads has a use for any of these.
 constexpr int closedCategories[] = {SQLITE_LIMIT_ATTACHED, SQLITE_LIMIT_TRIGGER_DEPTH, SQLITE_LIMIT_WORKER_THREADS};
 
-struct FunctionRow
-{
-    const char *name;
-    int arguments; ///< -1: any number.
-};
-
-/// Their time grows with the square of a value's length, in one instruction, where no clock is looked at; or they
-/// work on what virtual tables keep. They are replaced and not only refused while compiling: a computed column of the
-/// file calls them too.
-constexpr FunctionRow refusedFunctions[] = {
-    {"instr", 2},     {"replace", 3},    {"trim", 2},           {"ltrim", 2},
-    {"rtrim", 2},     {"json_patch", 2}, {"rtreecheck", 1},     {"rtreecheck", 2},
-    {"rtreenode", 2}, {"rtreedepth", 1}, {"fts3_tokenizer", 1}, {"fts3_tokenizer", 2},
-};
-
-struct PragmaRow
-{
-    const char *name;
-    bool mayHaveArgument; ///< The argument only says what is asked about.
-};
-
-/// What a pragma can be asked without a change of anything; Qt's driver asks those about tables.
-constexpr PragmaRow readingPragmas[] = {
-    {"table_info", true},      {"table_xinfo", true},     {"table_list", true},       {"index_list", true},
-    {"index_info", true},      {"index_xinfo", true},     {"foreign_key_list", true}, {"application_id", false},
-    {"collation_list", false}, {"data_version", false},   {"database_list", false},   {"encoding", false},
-    {"freelist_count", false}, {"journal_mode", false},   {"page_count", false},      {"page_size", false},
-    {"query_only", false},     {"schema_version", false}, {"temp_store", false},      {"user_version", false},
-};
-
-bool isReadingPragma(const char *name, const char *argument)
-{
-    return std::any_of(std::begin(readingPragmas), std::end(readingPragmas), [=](const PragmaRow &row) {
-        return sqlite3_stricmp(row.name, name) == 0 && (row.mayHaveArgument || !argument);
-    });
-}
-
 /// The clock itself is looked at when the statement has run for a while; most never do. A statement cannot start
 /// others: that takes virtual tables or triggers.
 int noteStart(unsigned, void *context, void *, void *)
 {
-    static_cast<Watch *>(context)->isRunning = false;
+    auto *watch = static_cast<Watch *>(context);
+    watch->isRunning = false;
+    watch->wasStarted = true;
     return 0;
 }
 
 int isOverdue(void *context)
 {
     auto *watch = static_cast<Watch *>(context);
+    watch->wasLookedAt = true;
+    if (watch->isTried)
+        return 1;
     const Clock::time_point now = Clock::now();
     if (!std::exchange(watch->isRunning, true))
         watch->started = now;
@@ -131,35 +108,29 @@ void prepareToRead(Watch &watch)
 
 int authorize(void *context, int action, const char *first, const char *second, const char *, const char *)
 {
-    switch (action) {
-    case SQLITE_SELECT:
-        prepareToRead(*static_cast<Watch *>(context));
-        return SQLITE_OK;
-    case SQLITE_PRAGMA:
-        prepareToRead(*static_cast<Watch *>(context));
-        return isReadingPragma(first, second) ? SQLITE_OK : SQLITE_DENY;
-    case SQLITE_READ:
-    case SQLITE_FUNCTION:
-    case SQLITE_RECURSIVE:
-    case SQLITE_TRANSACTION:
-    case SQLITE_SAVEPOINT:
-        return SQLITE_OK;
-    default:
-        return SQLITE_DENY;
-    }
+    auto *watch = static_cast<Watch *>(context);
+    watch->wasAuthorized = true;
+    if (action == SQLITE_SELECT || action == SQLITE_PRAGMA)
+        prepareToRead(*watch);
+    return isAllowed(action, first, second, watch->use) ? SQLITE_OK : SQLITE_DENY;
 }
 
-void refuse(sqlite3_context *call, int, sqlite3_value **)
+int refuseEverything(void *, int, const char *, const char *, const char *, const char *)
 {
-    sqlite3_result_error(call, "not available on a guarded connection", -1);
+    return SQLITE_DENY;
+}
+
+bool hasOption(sqlite3 *connection, const ConfigRow &row)
+{
+    int now = !row.isOn;
+    return sqlite3_db_config(connection, row.option, -1, &now) == SQLITE_OK && now == row.isOn;
 }
 
 int setOptions(sqlite3 *connection)
 {
     for (const ConfigRow &row : configRows) {
-        int now = !row.isOn;
-        const int code = sqlite3_db_config(connection, row.option, row.isOn, &now);
-        if (code != SQLITE_OK || now != row.isOn)
+        const int code = sqlite3_db_config(connection, row.option, row.isOn, nullptr);
+        if (code != SQLITE_OK || !hasOption(connection, row))
             return SQLITE_ERROR;
     }
     return sqlite3_exec(connection, "PRAGMA temp_store=MEMORY; PRAGMA mmap_size=0; PRAGMA cell_size_check=ON",
@@ -176,50 +147,91 @@ void setLimits(sqlite3 *connection, const Limits &limits)
         sqlite3_limit(connection, category, 0);
 }
 
-int replaceFunctions(sqlite3 *connection)
+bool hasLimits(sqlite3 *connection, const Limits &limits)
 {
-    // Deterministic, so that tables whose definitions call them can be read for what else is in them.
-    constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-    for (const FunctionRow &row : refusedFunctions) {
-        const int code = sqlite3_create_function_v2(connection, row.name, row.arguments, flags, nullptr, refuse,
-                                                    nullptr, nullptr, nullptr);
-        if (code != SQLITE_OK)
-            return code;
+    const auto now = [connection](int category) { return sqlite3_limit(connection, category, -1); };
+    return std::all_of(std::begin(limitRows), std::end(limitRows),
+                       [&](const LimitRow &row) {
+                           const int wanted = limits.*row.limit;
+                           return wanted <= 0 || now(row.category) <= wanted;
+                       }) &&
+           std::all_of(std::begin(closedCategories), std::end(closedCategories),
+                       [&](int category) { return now(category) == 0; });
+}
+
+/// The connections that are hardened. Nothing else may be asked of an address: that of a connection of another copy
+/// of SQLite means nothing to this one.
+struct Hardened
+{
+    std::mutex mutex;
+    Watch *first = nullptr;
+};
+
+/// Never destroyed: connections may be closed while the process ends.
+Hardened &hardened()
+{
+    static auto *const only = new Hardened;
+    return *only;
+}
+
+Watch *watchOf(const sqlite3 *connection)
+{
+    const std::lock_guard lock(hardened().mutex);
+    Watch *watch = hardened().first;
+    while (watch && watch->connection != connection)
+        watch = watch->next;
+    return watch;
+}
+
+void forget(void *memory)
+{
+    auto *gone = static_cast<Watch *>(memory);
+    {
+        const std::lock_guard lock(hardened().mutex);
+        Watch **link = &hardened().first;
+        while (*link && *link != gone)
+            link = &(*link)->next;
+        if (*link)
+            *link = gone->next;
     }
-    return SQLITE_OK;
+    sqlite3_free(gone);
+}
+
+void refuseCall(sqlite3_context *call, int, sqlite3_value **)
+{
+    sqlite3_result_error(call, "not available on a guarded connection", -1);
 }
 
 /// SQLite frees what belongs to a function together with the connection: the one place for what lives as long as it.
 /// Memory of SQLite's, because nothing may be thrown through it.
-Watch *makeWatch(sqlite3 *connection, int milliseconds)
+Watch *makeWatch(sqlite3 *connection, const Limits &limits, Use use)
 {
     void *memory = sqlite3_malloc64(sizeof(Watch));
     if (!memory)
         return nullptr;
     auto *watch = new (memory) Watch;
     watch->connection = connection;
-    watch->longest = std::chrono::milliseconds(milliseconds);
-    watch->lockMilliseconds = milliseconds;
+    watch->limits = limits;
+    watch->use = use;
+    watch->longest = std::chrono::milliseconds(limits.statementMilliseconds);
+    watch->lockMilliseconds = limits.statementMilliseconds;
     static_assert(std::is_trivially_destructible_v<Watch>);
     const int code = sqlite3_create_function_v2(connection, "zrsupplyguard", 0, SQLITE_UTF8 | SQLITE_DIRECTONLY,
-                                                watch, refuse, nullptr, nullptr, sqlite3_free);
+                                                watch, refuseCall, nullptr, nullptr, forget);
     return code == SQLITE_OK ? watch : nullptr; // otherwise SQLite has freed it
 }
 
-} // namespace
-
-int harden(sqlite3 *connection, const Limits &limits)
+int hardenWhole(sqlite3 *connection, const Limits &limits, Use use)
 {
     setLimits(connection, limits);
     if (const int code = setOptions(connection); code != SQLITE_OK)
         return code;
-    if (const int code = replaceFunctions(connection); code != SQLITE_OK)
+    if (const int code = refuseOtherFunctions(connection, use); code != SQLITE_OK)
         return code;
-    // All modules: a table of the file that is virtual can then not be read, nor one be made.
-    if (const int code = sqlite3_drop_modules(connection, nullptr); code != SQLITE_OK)
+    if (const int code = refuseModules(connection); code != SQLITE_OK)
         return code;
 
-    Watch *watch = makeWatch(connection, limits.statementMilliseconds);
+    Watch *watch = makeWatch(connection, limits, use);
     if (!watch)
         return SQLITE_NOMEM;
     if (limits.statementMilliseconds > 0) {
@@ -227,7 +239,53 @@ int harden(sqlite3 *connection, const Limits &limits)
             return code;
         sqlite3_progress_handler(connection, stepsBetweenLooks, isOverdue, watch);
     }
-    return sqlite3_set_authorizer(connection, authorize, watch);
+    if (const int code = sqlite3_set_authorizer(connection, authorize, watch); code != SQLITE_OK)
+        return code;
+
+    const std::lock_guard lock(hardened().mutex);
+    watch->next = hardened().first;
+    hardened().first = watch;
+    return SQLITE_OK;
+}
+
+/// What compiling and running a text comes to.
+int run(sqlite3 *connection, const char *sql)
+{
+    return sqlite3_exec(connection, sql, nullptr, nullptr, nullptr);
+}
+
+} // namespace
+
+int harden(sqlite3 *connection, const Limits &limits, Use use)
+{
+    const int code = hardenWhole(connection, limits, use);
+    // Opening fails then; whoever goes on with what is left of the connection gets nothing from it.
+    if (code != SQLITE_OK)
+        sqlite3_set_authorizer(connection, refuseEverything, nullptr);
+    return code;
+}
+
+bool isHardened(sqlite3 *connection)
+{
+    Watch *watch = watchOf(connection);
+    if (!watch || !hasLimits(connection, watch->limits) ||
+        !std::all_of(std::begin(configRows), std::end(configRows),
+                     [=](const ConfigRow &row) { return hasOption(connection, row); }))
+        return false;
+
+    // SQLite tells neither the authorizer nor the clock of a connection, so both are tried. Neither text reads the
+    // file.
+    watch->wasAuthorized = false;
+    if (run(connection, "PRAGMA user_version") != SQLITE_AUTH || !watch->wasAuthorized)
+        return false;
+    if (watch->limits.statementMilliseconds <= 0)
+        return true;
+    watch->wasStarted = watch->wasLookedAt = false;
+    watch->isTried = true;
+    const int ended = run(connection, "WITH RECURSIVE n(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM n LIMIT 1000)"
+                                      " SELECT count(*) FROM n");
+    watch->isTried = false;
+    return ended == SQLITE_INTERRUPT && watch->wasStarted && watch->wasLookedAt;
 }
 
 } // namespace ZrSupplyGuard

@@ -46,7 +46,7 @@ public:
         int code = sqlite3_open_v2(uri.constData(), &opened, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
         m_connection.reset(opened);
         if (code == SQLITE_OK)
-            code = harden(opened, checkLimits());
+            code = harden(opened, checkLimits(), Use::Check);
         if (code != SQLITE_OK)
             throw SqliteError{code, QString::fromUtf8(opened ? sqlite3_errmsg(opened) : sqlite3_errstr(code))};
     }
@@ -66,9 +66,6 @@ public:
         if (code != SQLITE_DONE)
             throw SqliteError{code & 0xff, QString::fromUtf8(sqlite3_errmsg(m_connection.get()))};
     }
-
-    /// `harden()` allows questions about tables alone.
-    void allowChecks() { sqlite3_set_authorizer(m_connection.get(), nullptr, nullptr); }
 
 private:
     struct Closer
@@ -271,7 +268,6 @@ void readValues(Connection &connection)
 Problem damageProblem(const QString &path, Connection &connection)
 {
     QString verdict;
-    connection.allowChecks();
     connection.ask("PRAGMA quick_check(1)"_ba, [&](sqlite3_stmt *row) { verdict = text(row, 0); });
     if (verdict == "ok"_L1)
         return {};

@@ -1,6 +1,8 @@
 #include "zrsupplyguard.h"
 
+#include "fileidentity_p.h"
 #include "hardening_p.h"
+#include "qtdriver_p.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -55,8 +57,7 @@ bool isSameFile(const char *opened, const QByteArray &wanted)
         return true;
     struct stat a = {};
     struct stat b = {};
-    return ::stat(opened, &a) == 0 && ::stat(wanted.constData(), &b) == 0 && a.st_dev == b.st_dev &&
-           a.st_ino == b.st_ino;
+    return ::stat(opened, &a) == 0 && ::stat(wanted.constData(), &b) == 0 && isSame(a, b);
 }
 
 bool isMeant(sqlite3 *connection, const Settings &settings)
@@ -77,7 +78,7 @@ int onOpened(sqlite3 *connection, char **, const void *)
     }
     if (!settings || !isMeant(connection, *settings))
         return SQLITE_OK;
-    return harden(connection, settings->limits);
+    return harden(connection, settings->limits, Use::Lookups);
 }
 
 using EntryPoint = void (*)();
@@ -111,10 +112,11 @@ void boundHeap(State &held, qint64 bytes)
 
 bool install(const QString &onlyThisFile, const Limits &limits)
 {
+    const bool isInReach = qtDriverIsInReach(); // opens a connection, so the lock comes after it
     State &held = state();
     const std::lock_guard lock(held.mutex);
     held.settings.reset();
-    if (onlyThisFile.startsWith("file:"_L1, Qt::CaseInsensitive) ||
+    if (!isInReach || onlyThisFile.startsWith("file:"_L1, Qt::CaseInsensitive) ||
         sqlite3_auto_extension(entryPoint()) != SQLITE_OK) {
         restoreHeap(held);
         return false;
@@ -134,6 +136,12 @@ void remove()
     sqlite3_cancel_auto_extension(entryPoint());
     held.settings.reset();
     restoreHeap(held);
+}
+
+bool isGuarding(const QString &connectionName)
+{
+    sqlite3 *const connection = qtConnection(connectionName);
+    return connection && isHardened(connection);
 }
 
 } // namespace ZrSupplyGuard

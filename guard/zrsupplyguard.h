@@ -11,12 +11,20 @@
 ///
 /// The library itself is not touched and does not know. SQLite calls the guard for each connection as it is opened,
 /// so what is guarded is what is opened after `install()`, by whatever part of the process. This needs Qt's SQLite
-/// driver and the guard to use one and the same SQLite, as they do where Qt is built with the system's: Qt's own
-/// builds carry a SQLite of their own, which the guard cannot reach.
+/// driver and the guard to use one and the same SQLite, as they do where Qt is built with the system's. Qt's own
+/// builds and many firmware images carry another copy, which the guard cannot reach: `install()` returns false there.
 ///
-/// A guarded connection reads tables and does nothing else. It refuses writing, attaching, views, triggers, virtual
-/// tables, loaded extensions and the SQL functions whose time grows with the square of a value's length; it keeps to
-/// `Limits`; it has temporary tables in memory. What is refused fails, and the library answers its default.
+/// A guarded connection reads tables and does nothing else. What a statement may do is a list, and everything that is
+/// not on it is refused, on every SQLite from 3.37 on:
+///
+/// - SELECT, with recursion, and transactions that read;
+/// - the functions abs, avg, char, coalesce, count, glob, group_concat, hex, ifnull, iif, length, like, lower, max,
+///   min, nullif, quote, random, round, sign, substr, substring, sum, total, typeof, unicode, upper, zeroblob, and
+///   with one argument trim, ltrim and rtrim;
+/// - no pragma, no table-valued function, no virtual table, no view, no trigger, no extension.
+///
+/// It keeps to `Limits` and has temporary tables in memory. What is refused fails, and the library answers its
+/// default. A connection that cannot be hardened does not open.
 ///
 /// All functions may be called from any thread at any time.
 namespace ZrSupplyGuard {
@@ -64,9 +72,17 @@ struct Limits
 /// on such a connection takes that protection away. `sqlite3_reset_auto_extension()` ends the guard as `remove()`
 /// does.
 ///
-/// False when SQLite refuses, or when `onlyThisFile` is a `file:` URI, of which it cannot be told what it will open;
-/// nothing is guarded then.
+/// False when SQLite refuses, when Qt's SQLite driver carries a SQLite of its own, which is tried with a connection
+/// in memory, or when `onlyThisFile` is a `file:` URI, because the guard cannot know which file it names. Nothing is
+/// guarded then. Create the application first: without it Qt loads no driver that could be tried, and `isGuarding()`
+/// is the only answer that counts.
 ZRSUPPLYGUARD_EXPORT bool install(const QString &onlyThisFile = {}, const Limits &limits = {});
+
+/// Whether a connection of Qt's is guarded, here and now: its limits and switches are read back from SQLite, and its
+/// authorizer and its clock are tried with a statement each, which does not touch the file. Called in the thread of
+/// the connection. False for a connection that is not open, was opened before `install()`, lost a part of its guard,
+/// or belongs to a driver with a SQLite of its own.
+ZRSUPPLYGUARD_EXPORT bool isGuarding(const QString &connectionName);
 
 /// Connections that are opened from now on are bare again, and SQLite's memory has the bound that it had. Guarded
 /// ones stay guarded until they are closed.
