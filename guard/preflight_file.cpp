@@ -206,7 +206,7 @@ Problem sideProblem(const QString &path)
 Problem versionProblem(const QString &path, const QByteArray &header)
 {
     const auto version = qint32(number(header, userVersionAt));
-    if (version <= knownSchemaVersion)
+    if (version == knownSchemaVersion || version == 0)
         return {};
     return unknownVersion(path, QString::number(version));
 }

@@ -1,5 +1,8 @@
 #include "guardedcatalogue.h"
 
+#include <cataloguekeys_p.h>
+#include <fileidentity_p.h>
+
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
@@ -7,8 +10,11 @@
 
 #include <sqlite3.h>
 
+#include <cstdarg>
 #include <functional>
 
+#include <dlfcn.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -82,7 +88,53 @@ int endStatementsOf(sqlite3 *connection, char **, const void *)
     return sqlite3_create_function(connection, "lower", 1, SQLITE_UTF8, nullptr, endStatement, nullptr, nullptr);
 }
 
+/// What the next open() of a path does before it opens: the file becomes a pipe. A writer holds it open, so that a
+/// reader that would wait for one comes back as well.
+struct Swap
+{
+    QByteArray path; ///< Empty once it is done.
+    int flags = 0;
+    int writer = -1;
+} pending;
+
+int openAfterSwap(const char *name, const char *path, int flags, mode_t mode)
+{
+    if (!pending.path.isEmpty() && pending.path == path) {
+        pending.path.clear();
+        pending.flags = flags;
+        if (::unlink(path) != 0 || ::mkfifo(path, 0600) != 0)
+            qFatal("no pipe in place of %s", path);
+        pending.writer = openAfterSwap(name, path, O_RDWR | O_NONBLOCK, 0);
+    }
+    const auto real = reinterpret_cast<int (*)(const char *, int, ...)>(::dlsym(RTLD_NEXT, name));
+    return real(path, flags, mode);
+}
+
+mode_t modeOf(int flags, va_list arguments)
+{
+    return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
+}
+
 } // namespace
+
+// The guard's calls of the system's open(), under both of its names, come here first.
+extern "C" Q_DECL_EXPORT int open(const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeOf(flags, arguments);
+    va_end(arguments);
+    return openAfterSwap("open", path, flags, mode);
+}
+
+extern "C" Q_DECL_EXPORT int open64(const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeOf(flags, arguments);
+    va_end(arguments);
+    return openAfterSwap("open64", path, flags, mode);
+}
 
 class TestPreflight : public QObject
 {
@@ -93,6 +145,11 @@ private Q_SLOTS:
     void usable();
     void findings_data();
     void findings();
+    void everyValueIsRead_data();
+    void everyValueIsRead();
+    void aLockIsNotAsked();
+    void aPipeInPlaceOfTheFile();
+    void sameFile();
     void noPermission();
     void lackingIsListed();
     void tooSlow();
@@ -195,6 +252,13 @@ void TestPreflight::findings_data()
         u"newer"_s);
     row("newer schema by meta", byScript(u"INSERT OR REPLACE INTO meta VALUES ('schema_version', '7')"_s),
         Finding::SchemaVersion, u"%1 has schema version 7"_s, u"newer"_s);
+    row("older schema by meta", byScript(u"INSERT OR REPLACE INTO meta VALUES ('schema_version', '0')"_s),
+        Finding::SchemaVersion, u"%1 has schema version 0"_s, u"newer"_s);
+    row("schema version by meta is no number",
+        byScript(u"INSERT OR REPLACE INTO meta VALUES ('schema_version', '1x')"_s), Finding::SchemaVersion,
+        u"%1 has schema version 1x"_s, u"newer"_s);
+    row("negative schema version", byScript(u"PRAGMA user_version = -1"_s), Finding::SchemaVersion,
+        u"%1 has schema version -1"_s, u"newer"_s);
     row("first page overwritten", byBytes([](QByteArray &bytes) { bytes.replace(100, 2000, QByteArray(2000, 'x')); }),
         Finding::Unreadable, u"%1 cannot be read as a database: "_s, rebuild);
     row("a definition that is none", byDefinition(u"color"_s, u"CREATE TABLE"_s, u"CREATE NONSENSE"_s),
@@ -242,6 +306,73 @@ void TestPreflight::findings()
              qPrintable(ZrSupplyGuard::name(verdict.finding) + u": "_s + verdict.message));
     QVERIFY2(verdict.message.startsWith(message.arg(catalogue.path())), qPrintable(verdict.message));
     QVERIFY2(verdict.advice.contains(advice), qPrintable(verdict.advice));
+}
+
+void TestPreflight::everyValueIsRead_data()
+{
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QString>("column");
+    for (const auto &column : ZrSupplyGuard::catalogueColumns)
+        QTest::addRow("%s.%s", column.table.data(), column.column.data())
+            << QString(column.table) << QString(column.column);
+}
+
+/// A giant value is found in whatever column it hides.
+void TestPreflight::everyValueIsRead()
+{
+    QFETCH(QString, table);
+    QFETCH(QString, column);
+    QStringList columns;
+    for (const auto &each : ZrSupplyGuard::catalogueColumns) {
+        if (each.table == table)
+            columns.append(QString(each.column) +
+                           (each.key == ZrSupplyGuard::Key::Number ? u" INTEGER"_s : u" TEXT"_s));
+    }
+    const FixtureCatalogue catalogue;
+    catalogue.run(u"PRAGMA foreign_keys = OFF; DROP TABLE \"%1\"; CREATE TABLE \"%1\" (%2)"_s.arg(
+        table, columns.join(u", "_s)));
+    QVERIFY2(preflight(catalogue.path()).finding == Finding::Usable, qPrintable(preflight(catalogue.path()).message));
+    catalogue.run(u"INSERT INTO \"%1\" (\"%2\") VALUES (zeroblob(2000000))"_s.arg(table, column));
+    const auto verdict = preflight(catalogue.path());
+    QVERIFY2(verdict.finding == Finding::GiantValue, qPrintable(verdict.message));
+    QVERIFY(preflight(catalogue.path(), ZrSupplyGuard::Depth::Tables).finding == Finding::Usable);
+}
+
+/// A preflight takes no lock and waits for none.
+void TestPreflight::aLockIsNotAsked()
+{
+    const FixtureCatalogue catalogue;
+    sqlite3 *writer = nullptr;
+    QCOMPARE(sqlite3_open(QFile::encodeName(catalogue.path()).constData(), &writer), SQLITE_OK);
+    QCOMPARE(sqlite3_exec(writer, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    const auto verdict = preflight(catalogue.path());
+    QVERIFY2(verdict.finding == Finding::Usable, qPrintable(verdict.message));
+    sqlite3_close(writer);
+}
+
+/// The file becomes a pipe after it was looked at and before it is opened: nobody waits for a writer.
+void TestPreflight::aPipeInPlaceOfTheFile()
+{
+    const FixtureCatalogue catalogue;
+    pending.path = QFile::encodeName(catalogue.path());
+    const auto verdict = preflight(catalogue.path());
+    QVERIFY2(pending.path.isEmpty(), "the preflight opened the file by another call than open()");
+    QVERIFY(pending.flags & O_NONBLOCK);
+    QVERIFY2(verdict.finding == Finding::NotAFile, qPrintable(verdict.message));
+}
+
+void TestPreflight::sameFile()
+{
+    struct stat file = {};
+    file.st_dev = 1;
+    file.st_ino = 2;
+    struct stat other = file;
+    QVERIFY(ZrSupplyGuard::isSame(file, other));
+    other.st_ino = 3;
+    QVERIFY(!ZrSupplyGuard::isSame(file, other));
+    other = file;
+    other.st_dev = 3;
+    QVERIFY(!ZrSupplyGuard::isSame(file, other));
 }
 
 void TestPreflight::noPermission()
