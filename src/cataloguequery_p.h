@@ -1,5 +1,6 @@
 #pragma once
 
+#include "rounding_p.h"
 #include "supplyconstants_p.h"
 
 #include <QtCore/QStringList>
@@ -41,6 +42,6 @@ inline QVariantHash colorTable(QLatin1StringView statement)
 {
     QVariantHash colors;
     forEachCatalogueRow(
-        statement, [&colors](const QSqlQuery &row) { colors.insert(row.value(0).toString(), row.value(1).toInt()); });
+        statement, [&colors](const QSqlQuery &row) { colors.insert(row.value(0).toString(), toInt(row.value(1))); });
     return colors;
 }

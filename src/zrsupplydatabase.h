@@ -40,6 +40,8 @@ extern ZRSUPPLYDATABASE_EXPORT const QString unsetString;
 /// - It costs the stated queries afresh; nothing is cached and nothing is logged.
 /// - It answers its *default* when the catalogue is closed, the statement fails or no row matches. A row that holds
 ///   NULL answers the converted null instead: 0, 0.0 or an empty text. "NULL:" is noted where this differs.
+/// - An int of a real number in the row is the nearest whole number, halves away from zero, of which an int holds the
+///   low 32 bits. Of a number that 64 bits cannot hold, infinite ones among them, it is 0.
 /// - An *unknown roll* is the SKU "UnknownSupply" (this exact case). For it and for an empty SKU the roll lookups
 ///   answer from the installed roll's tag without a query; "Empty:" is noted where this differs.
 /// - Arguments go into the SQL text as they stand, without escaping; a quote ends the value, and what follows is SQL.

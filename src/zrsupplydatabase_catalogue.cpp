@@ -1,6 +1,7 @@
 #include "zrsupplydatabase.h"
 
 #include "cataloguequery_p.h"
+#include "rounding_p.h"
 #include "supplyconstants_p.h"
 
 #include <Logger.h>
@@ -33,8 +34,8 @@ int toIntTruncated(const QVariant &value)
 {
     const int type = value.typeId();
     if (type == QMetaType::Double || type == QMetaType::Float)
-        return QVariant(std::trunc(value.toDouble())).toInt();
-    return value.toInt();
+        return toInt(std::trunc(value.toDouble()));
+    return toInt(value);
 }
 
 /// Whether Qt has a registry of connections. In versions after 6.4 it belongs to the application: without one every

@@ -1,6 +1,7 @@
 #include "zrsupplydatabase.h"
 
 #include "cataloguesql_p.h"
+#include "rounding_p.h"
 #include "sqltext_p.h"
 #include "supplyconstants_p.h"
 
@@ -59,7 +60,7 @@ void ZrSupplyDatabase::checkClearTail()
 
 void ZrSupplyDatabase::checkSupplyEdgeSensor()
 {
-    Q_EMIT notifySupplySensor(getSingleVariantByQuery(sql::filled(sql::rollSensor, m_supplySKU), unsetInt).toInt());
+    Q_EMIT notifySupplySensor(toInt(getSingleVariantByQuery(sql::filled(sql::rollSensor, m_supplySKU), unsetInt)));
 }
 
 void ZrSupplyDatabase::checkRibbonWidth()

@@ -2,6 +2,7 @@
 
 #include "cataloguequery_p.h"
 #include "cataloguesql_p.h"
+#include "rounding_p.h"
 #include "sqltext_p.h"
 #include "supplyconstants_p.h"
 
@@ -44,7 +45,7 @@ List ofEachRibbon(const QStringList &ribbonSkus, OfRibbon ofRibbon)
 
 int ZrSupplyDatabase::supplyRibbonPanels(QString ribbonSku)
 {
-    return getSingleVariantByQuery(sql::filled(sql::ribbonPanels, ribbonSku), unsetInt).toInt();
+    return toInt(getSingleVariantByQuery(sql::filled(sql::ribbonPanels, ribbonSku), unsetInt));
 }
 
 double ZrSupplyDatabase::supplyRibbonWidth(QString ribbonSku)
@@ -76,7 +77,7 @@ int ZrSupplyDatabase::supplyRibbonColorRGB(QString ribbonSku, int panel)
     if (isSpecialRibbon(ribbonSku))
         return unsetInt;
     const QString text = sql::filled(sql::ribbonPanelRgb, ribbonSku, QString::number(panel));
-    return getSingleVariantByQuery(text, unsetInt).toInt();
+    return toInt(getSingleVariantByQuery(text, unsetInt));
 }
 
 // Print parameters: one body for a panel, one for a ribbon, one for several
@@ -91,7 +92,7 @@ int ZrSupplyDatabase::panelParameter(PrintParameter parameter, const QString &ri
         return unsetInt;
     const QLatin1StringView statement = printParameterStatements[size_t(parameter)];
     const QString text = sql::filled(statement, ribbonSku, QString::number(panel), QString::number(material));
-    return getSingleVariantByQuery(text, unsetInt).toInt();
+    return toInt(getSingleVariantByQuery(text, unsetInt));
 }
 
 QVariantList ZrSupplyDatabase::ribbonParameters(PrintParameter parameter, const QString &ribbonSku,

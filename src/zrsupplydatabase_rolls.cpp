@@ -2,6 +2,7 @@
 
 #include "cataloguequery_p.h"
 #include "cataloguesql_p.h"
+#include "rounding_p.h"
 #include "sqltext_p.h"
 #include "supplyconstants_p.h"
 
@@ -9,15 +10,15 @@ using namespace supply;
 
 namespace {
 
-int toInt(const QVariant &value)
+int toIntOrZero(const QVariant &value)
 {
-    return value.toInt();
+    return toInt(value);
 }
 
 int toIntOrUnset(const QVariant &value)
 {
     bool isNumber = false;
-    const int number = value.toInt(&isNumber);
+    const int number = toInt(value, &isNumber);
     return isNumber ? number : unsetInt;
 }
 
@@ -60,7 +61,7 @@ Result rollAttribute(ZrSupplyDatabase &database, const QString &sku, const State
 
 int colorByCode(ZrSupplyDatabase &database, QLatin1StringView statement, int code)
 {
-    return database.getSingleVariantByQuery(sql::filled(statement, QString::number(code)), unsetInt).toInt();
+    return toInt(database.getSingleVariantByQuery(sql::filled(statement, QString::number(code)), unsetInt));
 }
 
 /// Deliberate: a code without a row yields the text "-1", where a SKU without one yields an empty name.
@@ -95,7 +96,7 @@ QString ZrSupplyDatabase::supplySecColorNameEn(QString sku)
 
 int ZrSupplyDatabase::supplyMaterial(QString sku)
 {
-    return rollAttribute(*this, sku, sql::rollMaterial, unsetInt, toInt, m_supplyMaterial);
+    return rollAttribute(*this, sku, sql::rollMaterial, unsetInt, toIntOrZero, m_supplyMaterial);
 }
 
 QString ZrSupplyDatabase::supplyMaterialName(QString sku)
@@ -137,14 +138,14 @@ double ZrSupplyDatabase::supplyNonContinuousLength(QString sku)
 
 int ZrSupplyDatabase::supplyMultiUpCount(QString sku)
 {
-    return rollAttribute(*this, sku, sql::rollMultiUpCount, 1, toInt, m_supplyMultiUpCount);
+    return rollAttribute(*this, sku, sql::rollMultiUpCount, 1, toIntOrZero, m_supplyMultiUpCount);
 }
 
 // From here on, lookups that depart from the roll rule.
 
 int ZrSupplyDatabase::supplySensorId(QString name)
 {
-    return getSingleVariantByQuery(sql::filled(sql::sensorByType, name), unsetInt).toInt();
+    return toInt(getSingleVariantByQuery(sql::filled(sql::sensorByType, name), unsetInt));
 }
 
 int ZrSupplyDatabase::supplyIsLandscape(QString sku)
@@ -152,7 +153,7 @@ int ZrSupplyDatabase::supplyIsLandscape(QString sku)
     // Deliberate: "UnknownSupply" is looked up like any SKU.
     if (sku.isEmpty())
         return m_supplyIsLandscape;
-    return getSingleVariantByQuery(sql::filled(sql::rollLandscape, sku), unsetInt).toInt();
+    return toInt(getSingleVariantByQuery(sql::filled(sql::rollLandscape, sku), unsetInt));
 }
 
 QByteArray ZrSupplyDatabase::supplyBackgroundImage(QString sku)
@@ -174,7 +175,7 @@ double ZrSupplyDatabase::supplyMultiUpGapSize(QString sku)
 
 int ZrSupplyDatabase::getSupplyLength(QString sku)
 {
-    return getSingleVariantByQuery(sql::filled(sql::rollLength, sku), unsetInt).toInt();
+    return toInt(getSingleVariantByQuery(sql::filled(sql::rollLength, sku), unsetInt));
 }
 
 // Codes to colours and names

@@ -69,7 +69,7 @@ int ZrSupplyDatabase::supplyGetTypeSpecialCase(QString sku, int format, QString 
 int ZrSupplyDatabase::supplyFormatFromTable(QString sku)
 {
     constexpr int withoutRow = 1;
-    return getSingleVariantByQuery(sql::filled(sql::rollFormat, sku), withoutRow).toInt();
+    return toInt(getSingleVariantByQuery(sql::filled(sql::rollFormat, sku), withoutRow));
 }
 
 int ZrSupplyDatabase::supplyFormat(QString sku)

@@ -3,6 +3,8 @@
 
 #include <QtTest/QtTest>
 
+#include <limits>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -88,12 +90,29 @@ struct Odd
     }
 };
 
+constexpr double endless = std::numeric_limits<double>::infinity();
+
+/// A real number, whose text is Qt's own.
+Odd real(const char *phrase, const char *sql, double value, int asInt)
+{
+    const QString text = QVariant(value).toString();
+    return {phrase, sql, asInt, asInt, value, text, text.toLatin1()};
+}
+
 const QList<Odd> &oddValues()
 {
     static const QList<Odd> all = {
         {"integer", "-7", -7, -7, -7.0, u"-7"_s, "-7"},
         {"zero", "0", 0, 0, 0.0, u"0"_s, "0"},
         {"real", "2.25", 2, 2, 2.25, u"2.25"_s, "2.25"},
+        real("real beyond an int keeps its low bits", "3000000000.0", 3e9, -1294967296),
+        real("largest real that 64 bits hold", "9223372036854774784.0", 9223372036854774784.0, -1024),
+        real("smallest real that 64 bits hold", "-9223372036854775808.0", -9223372036854775808.0, 0),
+        real("first real beyond 64 bits", "9223372036854775808.0", 9223372036854775808.0, 0),
+        real("real beyond 64 bits", "1e300", 1e300, 0),
+        real("negative real beyond 64 bits", "-1e300", -1e300, 0),
+        real("infinite real", "9e999", endless, 0),
+        real("negative infinite real", "-9e999", -endless, 0),
         {"text that is no number", "'abc'", 0, -1, 0.0, u"abc"_s, "abc"},
         {"text that starts with a number", "'12abc'", 0, -1, 0.0, u"12abc"_s, "12abc"},
         {"text that is an integer", "'12'", 12, 12, 12.0, u"12"_s, "12"},

@@ -266,6 +266,14 @@ void TestQueryPrimitive::textList_data()
     row("real just below the largest int", 2147483646.9, u"2147483646"_s);
     row("real just above the smallest int", -2147483647.9, u"-2147483647"_s);
     row("real beyond an int keeps its low bits", 3e9, u"-1294967296"_s);
+    row("real beyond 64 bits", 1e300, u"0"_s);
+    row("negative real beyond 64 bits", -1e300, u"0"_s);
+    row("first real beyond 64 bits", 9223372036854775808.0, u"0"_s);
+    row("largest real that 64 bits hold", 9223372036854774784.0, u"-1024"_s);
+    row("infinite", infinity, u"0"_s);
+    row("negative infinite", -infinity, u"0"_s);
+    row("NaN", std::numeric_limits<double>::quiet_NaN(), u"0"_s);
+    row("real beyond 64 bits in single precision", 1e30F, u"0"_s);
     row("1.9 in single precision", 1.9F, u"1"_s);
     row("-1.9 in single precision", -1.9F, u"-1"_s);
     row("true", true, u"1"_s);
