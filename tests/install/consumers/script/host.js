@@ -1,5 +1,5 @@
-// Slots are functions, trailing arguments may be left out, lists are arrays, and signals have connect(). A hash, as of
-// supplyColorHash(), stays closed to a script of Qt 6.4: its host hands it over as a QVariantMap.
+// Slots are functions, trailing arguments may be left out, lists can be made arrays, and signals have connect(). A hash,
+// as of supplyColorHash(), stays closed to a script: its host hands it over as a QVariantMap.
 (function () {
     const lines = [];
     const say = (what, value) => lines.push(what + " " + JSON.stringify(value));
@@ -9,7 +9,10 @@
     say("material", supplies.supplyMaterialName("00144463"));
     say("panel 1", supplies.supplyRibbonColorName("RW530903", 1));
     say("panel not given", supplies.supplyRibbonColorName("RW530903"));
-    say("heats", supplies.supplyRibbonHeats("RW530901", "00144463"));
+    const heats = supplies.supplyRibbonHeats("RW530901", "00144463");
+    say("heats", heats);
+    say("heats are an array", Array.isArray(Array.from(heats)));
+    say("heats, mapped", heats.map(heat => heat + 1));
 
     supplies.supplyChangedSignal.connect(sku => say("> supplyChangedSignal", sku));
     supplies.notifySupplySensor.connect(sensor => say("> notifySupplySensor", sensor));
