@@ -1,0 +1,2 @@
+include(${CMAKE_CURRENT_LIST_DIR}/linux.cmake)
+zr_cross(aarch64 aarch64-linux-gnu qemu-aarch64)

@@ -1,0 +1,2 @@
+include(${CMAKE_CURRENT_LIST_DIR}/linux.cmake)
+zr_cross(arm arm-linux-gnueabihf qemu-arm)
