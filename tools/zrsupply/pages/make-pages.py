@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Makes the manual pages and the completions of the command from its table.
 
-    make-pages.py TABLE.json FOLDER DATE
+    make-pages.py TABLE.json FOLDER VERSION DATE
 
-TABLE.json is what `zrsupply help --json` prints. FOLDER gets man1/, bash/, zsh/ and fish/; what it held before goes, so
-that the page of a verb that is gone does not stay. DATE, year-month-day, stands in the pages.
+TABLE.json is the table.json beside this file. FOLDER gets man1/, bash/, zsh/ and fish/; what it held before is removed,
+so that no page of a former verb stays. The pages show VERSION and DATE (year-month-day).
 """
 import pathlib
 import shutil
@@ -18,11 +18,11 @@ from table import Table
 
 
 def main():
-    if len(sys.argv) != 4:
+    if len(sys.argv) != 5:
         raise SystemExit(__doc__)
-    table = Table(sys.argv[1])
+    table = Table(sys.argv[1], sys.argv[3])
     folder = pathlib.Path(sys.argv[2])
-    files = {**manual.pages(table, sys.argv[3]),
+    files = {**manual.pages(table, sys.argv[4]),
              f"bash/{table.program}": bash.script(table),
              f"zsh/_{table.program}": zsh.script(table),
              f"fish/{table.program}.fish": fish.script(table)}

@@ -1,4 +1,4 @@
-"""The command table, as `zrsupply help --json` prints it, in the words that the pages and completions are made of."""
+"""The command table (table.json) in the words that the pages and completions are made of."""
 import json
 
 # What completes the value of an option or an argument, by the table's word for the value. Choices bring their own.
@@ -23,11 +23,11 @@ def spellings(option):
 
 
 class Table:
-    def __init__(self, path):
+    def __init__(self, path, version):
         with open(path, encoding="utf-8") as file:
             self.json = json.load(file)
         self.program = self.json["program"]
-        self.version = self.json["version"]
+        self.version = version
         self.verbs = self.json["verbs"]
         self.globals = self.json["globalOptions"]
         self.groups = self.json["groups"]
