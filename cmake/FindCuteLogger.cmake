@@ -6,7 +6,12 @@ Finds CuteLogger 2014 or later (the class CuteMessageLogger is needed): a target
 else an installed one. CMAKE_PREFIX_PATH is honoured; CuteLogger_INCLUDE_DIR and CuteLogger_LIBRARY may be given.
 
 CuteLogger installs neither a package nor a version, and its header lies in include/ or in a folder of its own, so the
-header and the library are recognised by what they declare. One that is built for another Qt than 6 is left alone.
+header and the library are recognised by what they declare. Left alone are
+- one that is built for another Qt than 6,
+- a static one: a host that links it too would register its appenders with a copy of its own, and they would receive
+  nothing,
+- the stand-in of an earlier installation of ours (compat/cutelogger): it is built again, so that a new prefix does not
+  depend on an old one.
 
 Sets
   CuteLogger_FOUND
@@ -17,6 +22,17 @@ Sets
   CuteLogger_REJECTED    what was seen and left alone, with the reason; empty if nothing was
 and makes the imported target CuteLogger::CuteLogger, with system include directories.
 ]]
+
+# Whether the header is that of our own stand-in. Its first releases have no mark, but they declare both accessors, which
+# no CuteLogger does.
+function(_cutelogger_is_stand_in header result)
+    file(READ "${header}" text)
+    set(${result} FALSE PARENT_SCOPE)
+    if(text MATCHES "CuteLogger stand-in of ZrSupplyDatabase"
+            OR (text MATCHES "[ *]loggerInstance\\(\\);" AND text MATCHES "[ *]cuteLoggerInstance\\(\\);"))
+        set(${result} TRUE PARENT_SCOPE)
+    endif()
+endfunction()
 
 # Sets <result> to the accessor that the header declares; where it is not usable, to "", and <reason> says why.
 function(_cutelogger_read_header header result reason)
@@ -47,7 +63,11 @@ function(_cutelogger_accept_header result item)
     cmake_path(APPEND item Logger.h)
     cmake_path(NORMAL_PATH item)
     _cutelogger_read_header("${item}" accessor reason)
-    if(NOT accessor)
+    _cutelogger_is_stand_in("${item}" stand_in)
+    if(stand_in)
+        _cutelogger_reject("${item} is the stand-in of an earlier installation of ZrSupplyDatabase, it is built again")
+        set(${result} FALSE PARENT_SCOPE)
+    elseif(NOT accessor)
         _cutelogger_reject("${reason}")
         set(${result} FALSE PARENT_SCOPE)
     endif()
@@ -57,7 +77,10 @@ function(_cutelogger_accept_library result item)
     # The names of the needed libraries and of the exported functions stand in the file as plain text.
     file(STRINGS "${item}" otherQt REGEX "Qt5Core|QtCore\\.so\\.4|QtCore4" LIMIT_COUNT 1)
     file(STRINGS "${item}" accessor REGEX "${CuteLogger_ACCESSOR}" LIMIT_COUNT 1)
-    if(otherQt)
+    if(item MATCHES "\\.a$")
+        _cutelogger_reject("${item} is static, so that a host's appenders would receive nothing: build it shared")
+        set(${result} FALSE PARENT_SCOPE)
+    elseif(otherQt)
         _cutelogger_reject("${item} is built for another Qt than 6")
         set(${result} FALSE PARENT_SCOPE)
     elseif(NOT accessor)
@@ -118,17 +141,26 @@ else()
         VALIDATOR _cutelogger_accept_header
         DOC "Folder of CuteLogger's Logger.h")
     if(CuteLogger_INCLUDE_DIR)
-        # Once more, for a folder that was given and not searched.
+        # Folders and libraries that were given, or found by an earlier run, are validated too.
+        _cutelogger_accept_header(_CuteLogger_accepted "${CuteLogger_INCLUDE_DIR}")
         _cutelogger_read_header("${CuteLogger_INCLUDE_DIR}/Logger.h" CuteLogger_ACCESSOR _CuteLogger_reason)
-        if(_CuteLogger_reason)
-            _cutelogger_reject("${_CuteLogger_reason}")
+        if(DEFINED _CuteLogger_accepted AND NOT _CuteLogger_accepted)
+            unset(CuteLogger_ACCESSOR)
         endif()
+        unset(_CuteLogger_accepted)
         # The library beside the header comes first: another prefix may hold another version.
         find_library(CuteLogger_LIBRARY NAMES CuteLogger
             HINTS "${CuteLogger_INCLUDE_DIR}/.." "${CuteLogger_INCLUDE_DIR}/../.."
             PATH_SUFFIXES lib "lib/${CMAKE_LIBRARY_ARCHITECTURE}" lib64
             VALIDATOR _cutelogger_accept_library
             DOC "CuteLogger's library")
+        if(CuteLogger_LIBRARY)
+            _cutelogger_accept_library(_CuteLogger_accepted "${CuteLogger_LIBRARY}")
+            if(DEFINED _CuteLogger_accepted AND NOT _CuteLogger_accepted)
+                set(CuteLogger_LIBRARY "CuteLogger_LIBRARY-NOTFOUND")
+            endif()
+            unset(_CuteLogger_accepted)
+        endif()
     endif()
     if(CuteLogger_LIBRARY)
         set(CuteLogger_ORIGIN "${CuteLogger_LIBRARY}")

@@ -1,3 +1,4 @@
+// CuteLogger stand-in of ZrSupplyDatabase: cmake/FindCuteLogger.cmake knows an installed one by these words.
 #pragma once
 
 #include "CuteLogger_global.h"

@@ -58,9 +58,9 @@ foreach(name IN ITEMS standin early late)
 endforeach()
 
 set(rejected "")
-expect_consumer("the stand-in, installed" with-standin loggerInstance
-    "${WORK_DIR}/prefix-standin/lib/libCuteLogger.so" "[Debug  ] <consumer> a record \n"
-    "-DCMAKE_PREFIX_PATH=${WORK_DIR}/prefix-standin" -DWITH_QT=ON)
+expect_consumer("the stand-in, as a target of the enclosing project" with-standin loggerInstance
+    "target CuteLogger::CuteLogger of the enclosing project" "[Debug  ] <consumer> a record \n"
+    "-DENCLOSED=${SOURCE_ROOT}/compat/cutelogger" -DWITH_QT=ON)
 expect_consumer("an early version, header in include" with-early loggerInstance
     "${WORK_DIR}/prefix-early/lib/libCuteLogger.so" "loggerInstance: a record\n"
     "-DCMAKE_PREFIX_PATH=${WORK_DIR}/prefix-early")
@@ -88,5 +88,6 @@ expect_consumer("the header's folder is given, the library is beside it" with-fo
     "${WORK_DIR}/prefix-late/lib/libCuteLogger.so" "cuteLoggerInstance: a record\n"
     "-DCuteLogger_INCLUDE_DIR=${WORK_DIR}/prefix-late/include/cutelogger")
 
-build(rejections "${here}/rejections" "-DEARLY_PREFIX=${WORK_DIR}/prefix-early")
+build(rejections "${here}/rejections" "-DEARLY_PREFIX=${WORK_DIR}/prefix-early"
+    "-DSTAND_IN_PREFIX=${WORK_DIR}/prefix-standin")
 message(STATUS "everything that is to be left alone: ok")
