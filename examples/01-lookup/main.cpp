@@ -6,7 +6,10 @@ int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
     ZrSupplyDatabase supplies;
-    supplies.setup(application.arguments().value(1));
+    if (argc != 2 || !supplies.setup(application.arguments().at(1))) {
+        qCritical("usage: 01-lookup CATALOGUE");
+        return 1;
+    }
     QTextStream(stdout) << supplies.supplyMaterialName("00144463") << ", " << supplies.supplyWidth("00144463")
                         << " inches, stripe " << supplies.supplySecColorName("00144463") << '\n';
 }

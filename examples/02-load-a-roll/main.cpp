@@ -11,10 +11,15 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     QTextStream out(stdout);
+    if (argc != 2) {
+        QTextStream(stderr) << "usage: 02-load-a-roll CATALOGUE\n";
+        return 2;
+    }
 
     ZrSupplyDatabase supplies;
-    if (!supplies.setup(application.arguments().value(1))) {
-        QTextStream(stderr) << "usage: 02-load-a-roll CATALOGUE\n";
+    const QString catalogue = application.arguments().at(1);
+    if (!supplies.setup(catalogue)) {
+        QTextStream(stderr) << "02-load-a-roll: cannot open " << catalogue << "; name a catalogue that can be read\n";
         return 1;
     }
 
