@@ -1,15 +1,27 @@
 # What finds the installed library: find_package(ZrSupplyDatabase) gives ZrSupplyDatabase::ZrSupplyDatabase, with
-# COMPONENTS Guard also ZrSupplyDatabase::Guard, and pkg-config knows zrsupplydatabase and zrsupplyguard. Both work from wherever the prefix is moved to.
+# COMPONENTS Guard also ZrSupplyDatabase::Guard, and pkg-config knows zrsupplydatabase and zrsupplyguard. Both work from
+# wherever the prefix is moved to, and for static libraries too.
 include(CMakePackageConfigHelpers)
 
 set(zr_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ZrSupplyDatabase)
 
-install(EXPORT ZrSupplyDatabaseTargets
+# The oldest release of Qt that what was built runs with.
+set(zr_qt_version ${Qt6Core_VERSION_MAJOR}.${Qt6Core_VERSION_MINOR})
+set(zr_static OFF)
+if(zr_library_type STREQUAL "STATIC")
+    set(zr_static ON)
+endif()
+set(zr_foreign_logger OFF)
+if(CuteLogger_FOUND)
+    set(zr_foreign_logger ON)
+endif()
+
+zr_install(Development EXPORT ZrSupplyDatabaseTargets
     NAMESPACE ZrSupplyDatabase::
     DESTINATION ${zr_package_dir})
 
 if(TARGET ZrSupplyGuard)
-    install(EXPORT ZrSupplyGuardTargets
+    zr_install(Development EXPORT ZrSupplyGuardTargets
         NAMESPACE ZrSupplyDatabase::
         DESTINATION ${zr_package_dir})
 endif()
@@ -21,10 +33,18 @@ configure_package_config_file(
 write_basic_package_version_file(
     ${CMAKE_CURRENT_BINARY_DIR}/ZrSupplyDatabaseConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
-install(FILES
+zr_install(Development FILES
     ${CMAKE_CURRENT_BINARY_DIR}/ZrSupplyDatabaseConfig.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/ZrSupplyDatabaseConfigVersion.cmake
     DESTINATION ${zr_package_dir})
+
+# What the package of static libraries looks for.
+if(zr_static AND zr_foreign_logger)
+    zr_install(Development FILES ${CMAKE_CURRENT_LIST_DIR}/FindCuteLogger.cmake DESTINATION ${zr_package_dir})
+endif()
+if(zr_static AND TARGET ZrSupplyGuard)
+    zr_install(Development FILES ${CMAKE_CURRENT_LIST_DIR}/ZrSqlite.cmake DESTINATION ${zr_package_dir})
+endif()
 
 # Relative to the .pc file's own folder; folders that were given outside the prefix are written out.
 set(zr_pc_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
@@ -42,11 +62,22 @@ else()
     string(REGEX REPLACE "/$" "" zr_pc_up "${zr_pc_up}")
     set(zr_pc_prefix "\${pcfiledir}/${zr_pc_up}")
 endif()
+# A logger that is installed elsewhere is named by its folder.
+set(zr_pc_logger)
+if(zr_static)
+    set(zr_pc_logger "-lCuteLogger")
+    if(CuteLogger_LIBRARY)
+        cmake_path(GET CuteLogger_LIBRARY PARENT_PATH folder)
+        string(PREPEND zr_pc_logger "-L${folder} ")
+    endif()
+endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/zrsupplydatabase.pc.in
     ${CMAKE_CURRENT_BINARY_DIR}/zrsupplydatabase.pc @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zrsupplydatabase.pc DESTINATION ${zr_pc_dir})
+zr_install(Development FILES ${CMAKE_CURRENT_BINARY_DIR}/zrsupplydatabase.pc DESTINATION ${zr_pc_dir})
 if(TARGET ZrSupplyGuard)
     configure_file(${PROJECT_SOURCE_DIR}/guard/zrsupplyguard.pc.in
         ${CMAKE_CURRENT_BINARY_DIR}/zrsupplyguard.pc @ONLY)
-    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zrsupplyguard.pc DESTINATION ${zr_pc_dir})
+    zr_install(Development FILES ${CMAKE_CURRENT_BINARY_DIR}/zrsupplyguard.pc DESTINATION ${zr_pc_dir})
 endif()
+
+zr_install(Runtime FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/licenses/zrsupplydatabase)

@@ -44,8 +44,14 @@ function(zr_reuse_headers target set)
     endif()
 endfunction()
 
-# A shared library of ours: it exports what the list names, and needs nothing that it does not link.
+# A shared library of ours exports what the list names, and needs nothing that it does not link. A static one fits into
+# programs, shared libraries and plugins.
 function(zr_export_list target list)
+    set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "STATIC_LIBRARY")
+        return()
+    endif()
     target_link_options(${target} PRIVATE LINKER:--version-script,${list})
     set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${list})
     # Clang links its sanitizers into the program alone, so that a library leaves them undefined.

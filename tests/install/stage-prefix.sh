@@ -23,7 +23,8 @@ remembered=$(grep -rlF -e "$build" "$prefix" --include='*.cmake' --include='*.pc
 [ -z "$remembered" ] || fail "these remember the folder that they were built in: $remembered"
 
 for file in include/zrsupplydatabase/zrsupplydatabase.h include/zrsupplydatabase/zrsupplydatabase_global.h \
-    include/zrsupplydatabase/tag/supplyc.h share/zrsupplydatabase/sample.sqlite bin/zrsupply; do
+    include/zrsupplydatabase/tag/supplyc.h share/zrsupplydatabase/sample.sqlite bin/zrsupply \
+    share/licenses/zrsupplydatabase/LICENSE; do
     [ -f "$prefix/$file" ] || fail "$file is not installed"
 done
 private=$(find "$prefix" -name '*_p.h')
@@ -38,7 +39,22 @@ while read -r file; do
     if readelf -d "$file" | grep -E 'R(UN)?PATH' | grep -F "$build"; then
         fail "${file#"$prefix/"} looks for libraries in the folder that it was built in"
     fi
+    # Lines for backtraces name the sources, which is what they are for; nothing else does.
+    strip --strip-debug -o "$prefix.stripped" "$file"
+    if strings -a "$prefix.stripped" | grep -F -e "$build" -e "$first"; then
+        fail "${file#"$prefix/"} remembers the folder that it was built in or installed to"
+    fi
 done <"$prefix.files"
+
+# The package and the .pc files ask for the Qt whose symbols the libraries need, and for one SQLite.
+asked=$(sed -n 's/^Requires: Qt6Core >= //p' "$(find "$prefix" -name zrsupplydatabase.pc)")
+needed=$(readelf -V "$library" | sed -n 's/.*Name: Qt_\(6\.[0-9]*\) .*/\1/p' | sort -V | tail -n 1)
+[ "$(printf '%s\n' "$asked" "$needed" | sort -V | tail -n 1)" = "$asked" ] ||
+    fail "zrsupplydatabase.pc asks for Qt $asked, the library needs $needed"
+grep -q "find_dependency(Qt6 $asked " "$(find "$prefix" -name ZrSupplyDatabaseConfig.cmake)" ||
+    fail "the CMake package does not ask for Qt $asked as zrsupplydatabase.pc does"
+grep -q '^Requires.private: sqlite3 >= 3.37$' "$(find "$prefix" -name zrsupplyguard.pc)" ||
+    fail "zrsupplyguard.pc does not ask for SQLite 3.37 as the build does"
 
 # The command finds library and catalogue from where it is.
 answer=$("$prefix/bin/zrsupply" list rolls) || fail "the installed command does not run"

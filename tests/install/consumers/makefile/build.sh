@@ -1,0 +1,3 @@
+#!/bin/sh
+set -eu
+make -f "$1/Makefile"

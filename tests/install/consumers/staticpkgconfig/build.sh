@@ -1,0 +1,6 @@
+#!/bin/sh
+# The bare compiler line of a host that links the static libraries.
+set -eu
+# shellcheck disable=SC2046,SC2086 # flags are words
+exec $CXX $CXXFLAGS -std=c++17 "$1/../static/main.cpp" -o consumer \
+    $(pkg-config --static --cflags --libs zrsupplydatabase zrsupplyguard)
