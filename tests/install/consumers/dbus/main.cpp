@@ -32,6 +32,9 @@ int main(int argc, char *argv[])
     // Object first, name second: whoever waits for the name finds the object there.
     if (!bus.registerObject("/supplies", &supplies,
                             QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals) ||
+        // The same with an interface of the host's choice: calls go to that one, signals keep the name above.
+        !bus.registerObject("/named", "example.printer.Supplies1", &supplies,
+                            QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals) ||
         !bus.registerObject("/application", &application, QDBusConnection::ExportAllSlots) ||
         !bus.registerService("example.printer.supplies")) {
         err << "cannot register: " << bus.lastError().message() << '\n';
