@@ -81,3 +81,5 @@ if(TARGET ZrSupplyGuard)
 endif()
 
 zr_install(Runtime FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/licenses/zrsupplydatabase)
+
+include(ZrSbom)
