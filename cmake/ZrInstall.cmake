@@ -62,13 +62,16 @@ else()
     string(REGEX REPLACE "/$" "" zr_pc_up "${zr_pc_up}")
     set(zr_pc_prefix "\${pcfiledir}/${zr_pc_up}")
 endif()
-# A logger that is installed elsewhere is named by its folder.
+# What static libraries are linked with is named openly: pkg-config --static would also name what a shared Qt is linked with,
+# whose development files are not there. A logger that is installed elsewhere is named by its folder.
 set(zr_pc_logger)
+set(zr_pc_private "\nRequires.private:")
 if(zr_static)
-    set(zr_pc_logger "-lCuteLogger")
+    set(zr_pc_private ",")
+    set(zr_pc_logger " -lCuteLogger")
     if(CuteLogger_LIBRARY)
         cmake_path(GET CuteLogger_LIBRARY PARENT_PATH folder)
-        string(PREPEND zr_pc_logger "-L${folder} ")
+        string(PREPEND zr_pc_logger " -L${folder}")
     endif()
 endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/zrsupplydatabase.pc.in

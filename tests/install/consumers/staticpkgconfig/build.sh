@@ -3,4 +3,4 @@
 set -eu
 # shellcheck disable=SC2046,SC2086 # flags are words
 exec $CXX $CXXFLAGS -std=c++17 "$1/../static/main.cpp" -o consumer \
-    $(pkg-config --static --cflags --libs zrsupplydatabase zrsupplyguard)
+    $(pkg-config --cflags --libs zrsupplydatabase zrsupplyguard)
