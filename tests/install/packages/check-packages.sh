@@ -61,6 +61,25 @@ for name in $runtime; do cp "$(package "$name")" "$work/debs"; done
 suite=$(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release)
 mirror=$(sed -n 's/^URIs: *//p; s/^deb \(http[^ ]*\) .*/\1/p' /etc/apt/sources.list.d/debian.sources \
     /etc/apt/sources.list 2>/dev/null | head -n 1)
+# The tests of debian/tests follow in the same root, with what they declare and the -dev packages.
+mkdir -p "$work/source/tests" "$work/source/debs"
+cp -R "$source_root/tests/install" "$work/source/tests/"
+cp -R "$source_root/packaging/debian" "$work/source/"
+for name in $all; do cp "$(package "$name")" "$work/source/debs"; done
+cat >"$work/source/run-tests" <<'EOF'
+set -eu
+cd /source
+# The packages that the tests' Depends name; ours come from the folder.
+depends=$(sed -n '/^Depends:/,/^[^ D]/{s/^Depends://; /^[^ ]/d; s/,/ /g; p}' debian/tests/control)
+others=$(echo $depends | tr ' ' '\n' | grep -v zrsupply | sort -u)
+apt-get -q -y install --no-install-recommends ./debs/*-dev_*.deb $others
+for test in $(sed -n 's/^Tests://p' debian/tests/control); do
+    AUTOPKGTEST_TMP=$(mktemp -d)
+    export AUTOPKGTEST_TMP
+    debian/tests/$test
+    echo "$test passed" >>/tests.txt
+done
+EOF
 # shellcheck disable=SC2016 # the hooks' own shell knows $1, the root
 if mmdebstrap --quiet --variant=apt --format=null \
     --customize-hook='mkdir "$1/debs"' \
@@ -71,9 +90,13 @@ if mmdebstrap --quiet --variant=apt --format=null \
     --customize-hook='chroot "$1" env QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 zrsupply-panel --smoke' \
     --customize-hook='chroot "$1" dpkg-query -W >"$1/installed.txt"' \
     --customize-hook="cp \"\$1/installed.txt\" $work/installed.txt" \
+    --customize-hook="copy-in $work/source /" \
+    --customize-hook='chroot "$1" sh /source/run-tests' \
+    --customize-hook="cp \"\$1/tests.txt\" $work/tests.txt" \
     "$suite" /dev/null "$mirror" >"$work/clean.log" 2>&1; then
     demo_is_right "$work/demo.txt"
     echo "Installed into a clean root of $suite with $(wc -l <"$work/installed.txt") packages; there zrsupply demo says:"
+    sed 's/^/debian\/tests: /' "$work/tests.txt"
 else
     tail -n 20 "$work/clean.log" >&2
     # Without a mirror or the right to make a root the packages are unpacked beside this system's Qt.
