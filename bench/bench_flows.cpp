@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // What a host does: lists for its pickers, a roll taken in, ribbons taken in, a mileage reading, a tag, a call by
 // name. Names are list/<slot>/<way>/<rolls>, flow/<what>/<way>, tag/<way>, call/<way>.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // One lookup of the library under the guard, beside the same without: guard/<text>/<rolls>, a counter for each says
 // nanoseconds.
 

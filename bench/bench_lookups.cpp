@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // One lookup, each of the 39 keyed texts: the library beside the SQLite C interface and beside others, in one run.
 // Names are lookup/<text>/<rolls> and growth/<text>/<rolls>; a counter for each way says nanoseconds.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Process start to first answer, beside an empty QCoreApplication that has loaded the same driver, and beside one
 // that has asked the same by QSqlQuery alone. Wall time of a whole process, names start/<program>; the counter is the
 // process's private memory in kB.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Does one thing N times, for callgrind: `count_instructions THING N CATALOGUE`. The difference of two runs with
 // different N is the exact cost of the things between them.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // What starting costs, a program a step, each with CATALOGUE SKU as arguments: start_empty is a QCoreApplication with
 // the SQLite driver loaded, start_bare also opens the catalogue and asks for a width by QSqlQuery alone,
 // start_library asks the library the same. Prints its private memory in kB: what it has written itself. Pages of

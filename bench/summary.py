@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Makes the ratios, the tables and the plot out of the runs of scripts/bench.
 
     bench/summary.py RESULTS_DIR... --commit NAME [--check] [--document FILE]

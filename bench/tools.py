@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Measures the catalogue author's verbs, and the sqlite3 shell doing the same work as their floor.
 
     bench/tools.py ZRSUPPLY RESULTS.json [--quick]

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # What finds the installed library: find_package(ZrSupplyDatabase) gives ZrSupplyDatabase::ZrSupplyDatabase, with
 # COMPONENTS Guard also ZrSupplyDatabase::Guard, and pkg-config knows zrsupplydatabase and zrsupplyguard. Both work from
 # wherever the prefix is moved to, and for static libraries too.
@@ -83,6 +84,7 @@ if(TARGET ZrSupplyGuard)
     zr_install(Development FILES ${CMAKE_CURRENT_BINARY_DIR}/zrsupplyguard.pc DESTINATION ${zr_pc_dir})
 endif()
 
-zr_install(Runtime FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/licenses/zrsupplydatabase)
+zr_install(Runtime FILES ${PROJECT_SOURCE_DIR}/LICENSES/LGPL-2.1-or-later.txt
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/licenses/zrsupplydatabase RENAME LICENSE)
 
 include(ZrSbom)

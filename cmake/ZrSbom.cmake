@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # The bill of materials: what is installed and what it is linked with, as CycloneDX. A test compares it with what the built
 # programs and libraries need.
 set(zr_sbom_components)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # zr_add_test(tst_name [SOURCES file...] [LIBRARIES target...] [ENVIRONMENT NAME=value...])
 # One Qt Test executable: tst_name.cpp, further sources, and the library under test.
 function(zr_add_test name)

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Writes docs/interface.md from the public header and the golden list of meta-methods.
 
     docs/make-interface.py [--check]

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Writes the tables of docs/tag-layout.md and the picture docs/tag-layout.svg from the decoder's own layout table.
 
     docs/make-tag-layout.py [--check]

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Headers as doxygen reads them: the comment that heads a run of slots, "// 96-101  one ribbon: ...", becomes the heading
 # of a group, and describes those of its slots that have no comment of their own.
 function close_group() {

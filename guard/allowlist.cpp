@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #include "allowlist_p.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #include "cataloguekeys_p.h"
 #include "preflight_p.h"
 

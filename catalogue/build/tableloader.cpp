@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #include "build/tableloader.h"
 
 #include "build/numbers.h"

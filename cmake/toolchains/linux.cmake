@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # What the toolchain files of this folder share: Linux on another processor, built by Debian's cross compiler against
 # the target's packages as multiarch installs them beside the host's (such as qt6-base-dev:arm64). The compiler names
 # the folder of the target's libraries and CMake packages by itself; Qt's moc and rcc in them are the host's programs.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // CuteLogger stand-in of ZrSupplyDatabase: cmake/FindCuteLogger.cmake knows an installed one by these words.
 #pragma once
 

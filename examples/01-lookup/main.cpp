@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #include <QCoreApplication>
 #include <QTextStream>
 #include <zrsupplydatabase.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // A roll is loaded by the digits of its tag; what the catalogue does not know, the tag answers.
 
 #include <zrsupplydatabase.h>

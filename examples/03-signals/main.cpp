@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // A host hears what happens: a wide roll is loaded, then a good pair of ribbons, then one that is too narrow.
 
 #include <zrsupplydatabase.h>

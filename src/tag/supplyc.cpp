@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #include "supplyc.h"
 
 #include "taglayout_p.h"

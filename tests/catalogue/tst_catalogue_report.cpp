@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #include "support/commandrun.h"
 #include "support/scriptrun.h"
 #include "support/sourcefolder.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """The fenced blocks of all documents, and a folder in which their commands can be typed."""
 import dataclasses
 import pathlib

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Compiles, configures or runs every fenced block of the documents that is no transcript (those are check-commands.py's),
 and fails for a block that no rule covers.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Runs every command that the documents show with its output, and compares.
 
     check-commands.py BUILD_DIR

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # What the examples do with a catalogue that is not there, and without one.
 #
 #   check-examples.sh FOLDER        the folder with the programs

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Checks the table of supported versions in SECURITY.md: it has the version that is built, with the date of its release
 and an end that is at least two years later.
 

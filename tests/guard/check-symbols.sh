@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # What the guard exports is what its package promises.
 #
 #   check-symbols.sh LIBRARY SYMBOLS_FILE

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Every operation that answers something, asked bare and under the guard: no answer differs.
 
 #include "guardedcatalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // What a guarded statement may do is a list: the SQLite that runs is asked for all that it has, and everything else
 // is tried and refused.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Where Qt's driver carries a SQLite of its own the guard cannot reach it, and says so.
 
 #include "guardedcatalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The guard says of a connection whether it guards it, and looks each time.
 
 #include "guardedcatalogue.h"

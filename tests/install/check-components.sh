@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Installs a build component by component: together they are what an installation without a component is, each file once
 # and where packagers look for it.
 #

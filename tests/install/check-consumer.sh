@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Builds a host outside the tree against the installed library, runs it, and compares what it prints.
 #
 #   check-consumer.sh FOLDER WORK_DIR PREFIX CATALOGUE [cmake argument...]

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """What the presets of hosts leave out: tests, the packages that only tests need, and warnings as errors.
 
     check-presets.py WORK_DIR

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Compares the installed bill of materials with what the installed programs and libraries need, which is DT_NEEDED.
 
     check-sbom.py PREFIX

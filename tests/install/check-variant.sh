@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Builds the library and the guard in other ways than the tests' own build, installs them into an empty prefix, moves that
 # and looks at what is there.
 #

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Installs a build into an empty prefix, moves that, and looks at what is there.
 #
 #   stage-prefix.sh BUILD_DIR PREFIX

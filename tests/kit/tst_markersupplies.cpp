@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The numbers, words and texts of the Printer MIB, without a catalogue.
 
 #include "supplies/markersupplies.h"

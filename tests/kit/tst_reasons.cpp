@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The reasons against the checks: whatever the library announces, the reasons say too.
 
 #include "reasons/reasons.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // What a session is made of: words, values, calls by name, the recorder of all signals, expectations.
 
 #include "cli/command.h"

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Eight states at three sizes, light and dark: every picture is there, of its size, and no two are the same.
 #
 #   check-pictures.sh PANEL CATALOGUE FOLDER

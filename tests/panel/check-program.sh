@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # The panel as a person starts it.
 #
 #   check-program.sh PANEL CATALOGUE WORK_DIR

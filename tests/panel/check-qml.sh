@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # qmllint is silent about every file, and every file is small.
 #
 #   check-qml.sh QMLLINT QML_DIR IMPORT_DIR

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #include "panelwindow.h"
 
 #include <QtQml/qqmlextensionplugin.h>

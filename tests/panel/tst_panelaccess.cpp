@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // For whom does not use a mouse, does not see the screen, or does not read English.
 
 #include "panelwindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // What a person does in the panel, and what is then shown: state, texts, banners, the log.
 
 #include "panelfixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The models hold what a model has to hold, whatever is done to them.
 
 #include "panelfixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The roll's geometry, the gauges' levels, and that pictures show them.
 
 #include "panelfixture.h"

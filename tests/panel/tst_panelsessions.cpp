@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Sessions: what the panel saves replays with the command, and what the command plays the panel plays.
 
 #include "panelfixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The window, driven by keys and clicks alone: what is shown afterwards.
 
 #include "panelwindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Writes what each of the 145 methods answers and emits, called by index as hosts without C++ call them, over the
 // sample catalogue, the tests' fixture and a catalogue of odd values. The same bytes come out on every platform: the
 // digest of each method's rows is committed.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The catalogue's connection: opening it, the one log record, and that nothing can be written through it.
 
 #include "support/fixturecatalogue.h"

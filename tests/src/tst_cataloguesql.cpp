@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #include "cataloguesql_p.h"
 #include "sqltext_p.h"
 #include "support/ask.h"

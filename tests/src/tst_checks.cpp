@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The checks: which ribbons suit which roll, clear tail, edge sensor, ribbon width and ribbon tensions.
 
 #include "support/fixturecatalogue.h"

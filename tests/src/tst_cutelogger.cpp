@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The logger that is built where no CuteLogger is installed: what compat/cutelogger/README.md promises.
 // What a process writes to standard error, and how it ends, is in tst_cuteloggerprocess; the format of a text is in
 // tst_cuteloggerformat.

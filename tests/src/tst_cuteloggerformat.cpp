@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The logger that is built where no CuteLogger is installed: how an appender turns a record into text.
 
 #include <AbstractStringAppender.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The logger that is built where no CuteLogger is installed, seen from outside: what a process that uses it writes to
 // standard error and how it ends. This program runs itself with the name of a scene.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // What an object takes with it, and what it holds on to: the connection of the fixed name, and nothing.
 
 #include "support/fixturecatalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Every method called as a host does that knows names and indices only, against the same call in C++.
 
 #include "support/metamethods.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The meta-object: its methods in their order, and nothing else. How they are called: tst_metacalls.cpp.
 
 #include "support/metamethods.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Mileage readings become remaining fractions, and what makes a length.
 
 #include "support/fixturecatalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // One query's value as it stands, what comes in its place, and the conversions of lists and units.
 
 #include "support/fixturecatalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Signals arrive in the midst of an operation: what a slot sees of the object then, and what its own calls do.
 
 #include "support/rollcatalogue.h"

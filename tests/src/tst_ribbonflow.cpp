@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Ribbons are taken in: ids into SKUs, then lengths, fractions, colours and the combination check.
 
 #include "support/fixturecatalogue.h"

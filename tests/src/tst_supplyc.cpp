@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The tag decoder: each bit's place, both layouts, every revision, and whatever text a host may hand in.
 
 #include "support/tagreference.h"

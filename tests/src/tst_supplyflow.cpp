@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // A roll is taken in: the tag into the members, the id into a SKU, and what is announced on the way.
 
 #include "support/privatemember.h"

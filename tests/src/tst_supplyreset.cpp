@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The reset id: what is unset, what is kept, and the lists that grow.
 
 #include "support/rollcatalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The object: what it holds when new, what init() puts back, and what only stores.
 
 #include "support/fixturecatalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
 /// Reaches a private data member, for the few states that no call leads to: what a guard is there for, and what the

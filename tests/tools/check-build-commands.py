@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Checks that no step of a build runs a program that the build has linked: on a build for another machine it could not.
 
     check-build-commands.py BUILD.ninja

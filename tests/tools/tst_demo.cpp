@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The verb demo: a tour that a person can watch and a program can read.
 
 #include "support/commandrun.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The verb explain, driven as a person drives it: rules, rows, rolls by tag, ribbons by id, errors.
 
 #include "support/commandrun.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Recordings of sessions and the verb replay.
 
 #include "support/commandrun.h"

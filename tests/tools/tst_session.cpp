@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The verb session, driven as a person or a program drives it.
 
 #include "support/commandrun.h"

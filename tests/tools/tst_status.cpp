@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The verb status: every row of the mapping that docs/status.md gives, and the three ways of writing it.
 
 #include "support/commandrun.h"

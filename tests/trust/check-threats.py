@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Whether threats.py tells a threat that held from one that did not, that was not tried, and from a log that is none."""
 import pathlib
 import subprocess

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Prints what was tried of each threat and how it ended, from the log that ctest keeps of its last run.
 
     tests/trust/threats.py build/dev/Testing/Temporary/LastTest.log

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # check-sample.sh SOURCES
 #
 # Checks the sample catalogue and the script that builds it, with nothing but the sqlite3 shell. Every check prints a

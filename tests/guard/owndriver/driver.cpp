@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Qt's SQLite driver as a firmware image may bring it: with a copy of SQLite of its own, which no other library sees.
 // It opens files and hands out the connection; no test runs a statement through it.
 

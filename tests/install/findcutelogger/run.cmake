@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # What cmake/FindCuteLogger.cmake takes and what it leaves alone, each in a build of its own.
 #   cmake -DSOURCE_ROOT=<repository> -DWORK_DIR=<folder to empty> -DGENERATOR=Ninja -DCXX_COMPILER=g++
 #         [-DCXX_COMPILER_LAUNCHER=ccache] [-DPREFIX_PATH=<where Qt is>] -P run.cmake

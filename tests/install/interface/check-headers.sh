@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Every installed header, as the only one that a host includes, in each dialect that hosts use, without a warning.
 # Qt's own headers count as the system's.
 #

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Holds what hosts depend on to what was agreed, or agrees to what is there now.
 #
 #   gate.sh check|accept declarations|symbols|abi SOURCE_ROOT LIBRARY [PLATFORM]

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # SQLite as CMake 4.3 and later name it, without the former target: stands for that release in the tests.
 find_path(SQLite3_INCLUDE_DIR sqlite3.h)
 find_library(SQLite3_LIBRARY sqlite3)

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Proves built packages: what they hold and declare, a host built against the -dev package, and the command run in a
 # root that has nothing but Debian's base and them.
 #

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Holds the recipes under packaging/ to the build: they set options that exist, leave none open that is on by default, and
 agree with the project's version and licence file. Whether they build is for those who have the build system.
 

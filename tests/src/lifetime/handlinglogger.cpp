@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // A CuteLogger of its own kind, in place of the one that is built here: the same functions, and what the upstream
 // library does to a process. The first access installs a message handler of Qt's, and a routine for the application's
 // end.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // A host that keeps its object until the process ends, in another way each scene:
 //
 //     lifetime_host SCENE CATALOGUE APPLICATION

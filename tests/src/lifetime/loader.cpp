@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // A host that loads a plugin, unloads it and goes on:
 //
 //     lifetime_loader PLUGIN CATALOGUE

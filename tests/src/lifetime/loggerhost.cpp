@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // A host with a message handler of its own:
 //
 //     lifetime_loggerhost logger|handler CATALOGUE

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // A plugin of a host: the only part of the process that links the library.
 
 #include <zrsupplydatabase.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // An object that a host keeps until its process ends: each way of keeping it is a process of its own, which has to
 // end with status 0 and without a word on standard error.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Changes src/ in one place at a time and sees whether a test fails.
 
     tests/src/mutation/mutate.py [--list] [--only REGEX] [--sample N] [--jobs N] [--work DIR]

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Types lines into a real shell and looks at what it offers: every verb, option and choice of the command table, and rows
 for what depends on the line, real SKUs among them.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Reads the installed manual pages with man and mandoc, without a warning, and looks whether they name everything that
 the command table holds.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Compares the committed command table, from which the manual pages and completions are made, with the command's own.
 
     check-table.py COMMAND TABLE.json [--accept]

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Drives the real shells: what bash, zsh and fish offer at the end of a line that a person has typed so far."""
 import os
 import pathlib

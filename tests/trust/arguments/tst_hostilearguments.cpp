@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Texts from strangers, pasted into SQL as they stand: what they can do and what they cannot.
 
 #include "hostilehost.h"

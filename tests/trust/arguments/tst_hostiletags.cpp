@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Tags from strangers: every bit, every layout, every length and any alphabet, against a slow reading of the text.
 
 #include "randomsource.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // A printer runs for years: the object asks, changes and reconnects a million times and grows by nothing.
 
 #include "quietlog.h"

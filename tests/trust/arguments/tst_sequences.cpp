@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Random calls of the whole object, one after another and within one another, beside a model of it.
 
 #include "callsequence.h"

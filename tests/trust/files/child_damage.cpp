@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #include "child.h"
 #include "damages.h"
 #include "questions.h"

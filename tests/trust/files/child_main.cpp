@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Asks the library about bad files in a process of its own, under the limits that the test sets.
 
 #include "child.h"

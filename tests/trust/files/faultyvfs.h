@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
 /// SQLite's way to files with faults on purpose: the default one of the process from `install` on.

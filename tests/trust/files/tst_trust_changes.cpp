@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The catalogue changes while it is open: what is answered before setup() is called again, and that nothing crashes.
 
 #include "childrun.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Damaged catalogues: whatever byte of a file is wrong, every lookup answers the value that SQLite reads or its
 // default, in a bounded time.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Faults below the library: the n-th operation on the file, or the n-th allocation of SQLite, fails once or for ever.
 // Every answer is the value or the default, and the same connection answers as before once the fault is gone.
 

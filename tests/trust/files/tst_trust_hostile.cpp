@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Hostile catalogues: files that SQLite takes for sound and that somebody made to harm who reads them. Each has its
 // stated class, bare and with the guard in place.
 

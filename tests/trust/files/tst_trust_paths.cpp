@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // What setup() makes of every kind of path. Nothing is ever created, and only one kind of path never comes back.
 
 #include "childrun.h"

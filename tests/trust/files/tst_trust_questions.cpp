@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // What the tests of bad files ask: every SQL text of the library, each answered with a value by a sound catalogue.
 
 #include "questions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Bytes as the choices of a sequence of calls: the object and the model of it say and keep the same.
 
 #include "fuzzhost.h"

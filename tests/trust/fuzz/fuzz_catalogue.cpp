@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Bytes as a catalogue file: every lookup comes back, whatever the file says.
 
 #include "fuzzhost.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Bytes as a SKU, id or name, in a slot that the first byte chooses: nothing is written and nothing else is opened.
 
 #include "fuzzhost.h"

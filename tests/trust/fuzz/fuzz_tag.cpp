@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Bytes as the text of a tag: the decoder agrees with the slow reading of it, and reads 24 characters.
 
 #include "fuzzhost.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Puts inputs of a fuzzer's corpus into the tree's, smallest first, as long as the folder stays small.
 
 usage: keep-corpus.py FROM TO

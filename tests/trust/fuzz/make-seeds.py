@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Writes the seeds of the fuzz targets, tests/trust/fuzz/corpus/*/seed-*; needs no argument. Everything in them is invented.
 
 With --check nothing is written: ends with status 1 when a seed of the tree is not what this writes. The catalogues are

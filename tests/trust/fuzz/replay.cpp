@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Hands the files of a corpus to a target, one after another: what fuzzing has found stays tested without a fuzzer.
 
 #include "fuzztarget.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The panel: the supplies of a printer in a window.
 
 #include "app/commandline.h"

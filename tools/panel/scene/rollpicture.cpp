@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #include "scene/rollpicture.h"
 
 #include "models/remaining.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Completion for bash, without helpers of other packages."""
 from table import offer, spellings
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Completion for fish: a line for each verb, option and argument, with its explanation."""
 from table import offer
 

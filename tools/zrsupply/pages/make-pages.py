@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Makes the manual pages and the completions of the command from its table.
 
     make-pages.py TABLE.json FOLDER VERSION DATE

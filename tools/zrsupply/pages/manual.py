@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Manual pages, in the macros of man(7)."""
 import re
 import textwrap

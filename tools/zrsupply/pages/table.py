@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """The command table (table.json) in the words that the pages and completions are made of."""
 import json
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: LGPL-2.1-or-later
 """Completion for zsh, with its own _arguments: every verb's options and arguments with their explanations."""
 import re
 

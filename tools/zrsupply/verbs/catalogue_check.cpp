@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #include "build/interrupt.h"
 #include "check/checker.h"
 #include "check/sources.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 #include "cli/help.h"
 #include "cli/commandline.h"
 #include "cli/output.h"

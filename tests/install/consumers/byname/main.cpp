@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Everything by name: calls, default arguments, private slots, signals, and what the object says of itself.
 
 #include "supplies.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Every public header and every kind of symbol: the object, the tag record, the unset text.
 
 #include <tag/supplyc.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // A D-Bus service: the object's public slots and its signals, for other processes.
 //
 //   consumer CATALOGUE        on the session bus, until `quit` is called on /application

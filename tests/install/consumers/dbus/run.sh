@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Starts the service on a bus of its own and talks to it as any other process would.
 #
 #   run.sh FOLDER CATALOGUE

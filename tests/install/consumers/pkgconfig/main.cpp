@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Signals by their addresses, which program and library must agree on in a program of any code model.
 
 #include <zrsupplydatabase.h>

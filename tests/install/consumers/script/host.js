@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Slots are functions, trailing arguments may be left out, lists can be made arrays, and signals have connect(). A hash,
 // as of supplyColorHash(), stays closed to a script: its host hands it over as a QVariantMap.
 (function () {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // Gives the object to a script and runs that.
 
 #include <zrsupplydatabase.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: LGPL-2.1-or-later
 // The library under guard. A catalogue that cannot be opened makes it log, which brings the logger into the program.
 
 #include <zrsupplydatabase.h>

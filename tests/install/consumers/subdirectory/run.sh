@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: LGPL-2.1-or-later
 # Runs the host, and installs it: nothing of the library comes along unless the host asks for that.
 #
 #   run.sh FOLDER CATALOGUE
