@@ -255,9 +255,13 @@ void TestGuard::refusedStatements()
     QFETCH(QString, statement);
     const FixtureCatalogue catalogue;
     const QByteArray text = statement.toUtf8();
-    QVERIFY(runs(opened(catalogue.path()), text.constData()));
     const Guarded guarded;
     QVERIFY(!runs(opened(catalogue.path()), text.constData()));
+    ZrSupplyGuard::remove();
+    const bool runsBare = runs(opened(catalogue.path()), text.constData());
+    if (!runsBare && text.startsWith("SELECT fts3_tokenizer('mine'"))
+        QSKIP("this SQLite refuses to set a tokenizer by itself");
+    QVERIFY(runsBare);
 }
 
 void TestGuard::allowedStatements_data()
