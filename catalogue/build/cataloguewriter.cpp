@@ -12,6 +12,9 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace zrsupply {
 
 using namespace Qt::Literals::StringLiterals;
@@ -36,10 +39,48 @@ bool setNumber(QFile &file, qint64 offset, quint32 number)
     return file.seek(offset) && file.write(reinterpret_cast<const char *>(&bigEndian), 4) == 4;
 }
 
+/// The bytes of a page that hold nothing: the gap between the list of cells and the cells, and the inside of what was
+/// freed between these. Each release of SQLite leaves other bytes of its work in them.
+void zeroUnused(uchar *page, qsizetype size, qsizetype header)
+{
+    const auto number = [page](qsizetype offset) { return qsizetype(qFromBigEndian<quint16>(page + offset)); };
+    const auto zero = [page, size](qsizetype begin, qsizetype end) {
+        if (begin >= 0 && begin < end && end <= size)
+            std::fill(page + begin, page + end, uchar(0));
+    };
+    constexpr uchar leaves[] = {10, 13};
+    constexpr uchar inner[] = {2, 5};
+    const uchar kind = page[header];
+    const bool isLeaf = std::find(std::begin(leaves), std::end(leaves), kind) != std::end(leaves);
+    if (!isLeaf && std::find(std::begin(inner), std::end(inner), kind) == std::end(inner))
+        return; // no page of a tree: the rest of a long value, whose unused end SQLite zeroes
+    const qsizetype cells = header + (isLeaf ? 8 : 12);
+    zero(cells + 2 * number(header + 3), number(header + 5));
+    for (qsizetype free = number(header + 1); free > 0 && free + 4 <= size; free = number(free)) {
+        zero(free + 4, free + number(free + 2));
+        if (number(free) <= free)
+            break; // the last one
+    }
+}
+
+bool zeroUnused(QFile &file)
+{
+    constexpr qint64 pageSizeOffset = 16;
+    constexpr qsizetype fileHeader = 100; // before the header of the first page
+    uchar *bytes = file.map(0, file.size());
+    if (!bytes)
+        return false;
+    const auto pageSize = qsizetype(qFromBigEndian<quint16>(bytes + pageSizeOffset));
+    for (qint64 page = 0; page + pageSize <= file.size(); page += pageSize)
+        zeroUnused(bytes + page, pageSize, page == 0 ? fileHeader : 0);
+    return file.unmap(bytes);
+}
+
 bool setHeader(QFile &file)
 {
-    if (!file.open(QIODevice::ReadWrite) || !setNumber(file, writerReleaseOffset, oldestReader) ||
-        !setNumber(file, changeCounterOffset, 0) || !setNumber(file, countValidForOffset, 0))
+    if (!file.open(QIODevice::ReadWrite) || !zeroUnused(file) ||
+        !setNumber(file, writerReleaseOffset, oldestReader) || !setNumber(file, changeCounterOffset, 0) ||
+        !setNumber(file, countValidForOffset, 0))
         return false;
     QCryptographicHash hash(QCryptographicHash::Sha256);
     if (!file.seek(0) || !hash.addData(&file))
