@@ -4,6 +4,7 @@
 
 #include "zrsupplydatabase.h"
 
+#include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void outputThatCannotBe_data();
     void outputThatCannotBe();
     void olderFileIsReplaced();
+    void sameBytesWithEveryRelease();
     void releaseCopiedOverAnotherIsNoticed();
     void signalLeavesNothing_data();
     void signalLeavesNothing();
@@ -392,6 +394,17 @@ void TestCatalogueBuild::olderFileIsReplaced()
     QVERIFY2(run.status == 0, qPrintable(run.err));
     QCOMPARE(rowsOf(output, u"SELECT count(*) FROM roll"_s), QStringList{u"88"_s});
     QCOMPARE(sources.outNames().size(), 1);
+}
+
+void TestCatalogueBuild::sameBytesWithEveryRelease()
+{
+    // The sample as it was built with SQLite 3.40 and 3.46. Another sample, schema or version of the command has
+    // another.
+    const SourceFolder sources;
+    const QString output = sources.out(u"sample.sqlite"_s);
+    QCOMPARE(build(sources, output).status, 0);
+    QCOMPARE(QCryptographicHash::hash(bytesOf(output), QCryptographicHash::Sha256).toHex(),
+             QByteArray("a9278b8347bde453ec4605eaaae6ed5458127b405697fe725944a6304cda3189"));
 }
 
 void TestCatalogueBuild::releaseCopiedOverAnotherIsNoticed()
