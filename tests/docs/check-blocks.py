@@ -5,7 +5,7 @@ and fails for a block that no rule covers.
 
     check-blocks.py BUILD_DIR PREFIX        PREFIX: the library as installed; CXX and CXXFLAGS are those of its build
 
-cpp     A program is compiled as it is. The statements of a page are compiled in their order as the body of one function
+cpp     A program or a function is compiled as it is. The statements of a page are compiled in their order as the body of one function
         that returns an int, below the lines that include the public headers and below the blocks' own #include lines.
 cmake   The lines of a host's CMakeLists.txt behind project() and add_executable(host main.cpp): configured, built, run.
 json    Read as JSON.
@@ -29,6 +29,7 @@ HOW_TO_COVER = """  Make it a transcript ("$ " before what is typed, then the ou
   tests/docs/check-blocks.py checks it; for another kind of block add a rule there. A picture has lines or arrows."""
 PICTURE = re.compile(r"[─│├└►]|->")
 INCLUDES = """#include <QtCore>
+#include <QtSql>
 #include <Logger.h>
 #include <ConsoleAppender.h>
 #include <tag/supplyc.h>
@@ -78,6 +79,8 @@ class Checker:
     def cpp(self, block):
         if "int main(" in block.text:
             self.compile(block.text)
+        elif re.match(r"\w.*\)\n\{", block.text):
+            self.compile(INCLUDES + block.text)
         else:
             self.statements.setdefault(block.page, []).append(block)
 
