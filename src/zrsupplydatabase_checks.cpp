@@ -2,6 +2,7 @@
 #include "zrsupplydatabase.h"
 
 #include "cataloguesql_p.h"
+#include "combinationrule_p.h"
 #include "rounding_p.h"
 #include "sqltext_p.h"
 #include "supplyconstants_p.h"
@@ -16,12 +17,6 @@ QString ribbonAt(const QStringList &ribbonSkus, qsizetype index)
     return ribbonSkus.value(index, unsetString);
 }
 
-/// Deliberate: a missing ribbon, whose width lookup answers -1.0, is narrow.
-bool isNarrowRibbon(double widthInches)
-{
-    return widthInches < narrowRibbonInches;
-}
-
 } // namespace
 
 void ZrSupplyDatabase::checkRibbonSupplyCombo()
@@ -32,17 +27,14 @@ void ZrSupplyDatabase::checkRibbonSupplyCombo()
     const int heat2 = supplyRibbonHeat(ribbon2, firstPanel, m_supplySKU);
     const double width1 = supplyRibbonWidth(ribbon1);
     const double width2 = supplyRibbonWidth(ribbon2);
-    const bool wideRoll = supplyWidth(m_supplySKU) > wideRollInches;
+    const double rollWidth = supplyWidth(m_supplySKU);
 
-    const bool bad1 = (ribbon1 != unsetString && heat1 <= 0) || (wideRoll && isNarrowRibbon(width1));
-    const bool bad2 = (ribbon2 != unsetString && heat2 <= 0) || (wideRoll && isNarrowRibbon(width2));
-
-    // Deliberate: a special ribbon clears itself in either place, but two of them together are an invalid pair.
-    const bool special1 = isSpecialRibbon(ribbon1);
-    const bool special2 = isSpecialRibbon(ribbon2);
-    const bool alert1 = special1 ? special2 : bad1;
-    const bool alert2 = special2 ? special1 : bad2;
-
+    const auto objections =
+        combinationObjections({{{ribbon1 == unsetString, isSpecialRibbon(ribbon1), heat1, width1},
+                                {ribbon2 == unsetString, isSpecialRibbon(ribbon2), heat2, width2}}},
+                              rollWidth);
+    const bool alert1 = objections[0].isBad();
+    const bool alert2 = objections[1].isBad();
     if (alert1 && alert2)
         Q_EMIT alertInvalidRibbonsSupplyCombo();
     else if (alert1)

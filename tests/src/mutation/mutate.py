@@ -214,8 +214,8 @@ def layout_mutants():
 
 def all_mutants():
     sources = sorted((ROOT / "src").glob("*.cpp")) + sorted((ROOT / "src/tag").glob("*.cpp"))
-    sources += [ROOT / "src" / h for h in ("cataloguesql_p.h", "supplyconstants_p.h", "cataloguequery_p.h", "sqltext_p.h",
-                                          "rounding_p.h")]
+    sources += [ROOT / "src" / h for h in ("cataloguesql_p.h", "supplyconstants_p.h", "combinationrule_p.h",
+                                          "cataloguequery_p.h", "sqltext_p.h", "rounding_p.h")]
     sources += [ROOT / "src/tag/supplyc.h", ROOT / "src/tag/bitreader_p.h"]
     result, seen = [], set()
     for path in sources:
