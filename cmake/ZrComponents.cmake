@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
-# What is installed belongs to a component: Runtime, Development, Guard, Tools or Panel.
+# What is installed belongs to a component: Runtime, Development, Guard, Kit, Tools or Panel.
 #   cmake --install build/release --component Runtime
 # With ZR_INSTALL off, nothing is installed.
 

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: LGPL-2.1-or-later
 # What finds the installed library: find_package(ZrSupplyDatabase) gives ZrSupplyDatabase::ZrSupplyDatabase, with
-# COMPONENTS Guard also ZrSupplyDatabase::Guard, and pkg-config knows zrsupplydatabase and zrsupplyguard. Both work from
-# wherever the prefix is moved to, and for static libraries too.
+# COMPONENTS Guard or Kit also ZrSupplyDatabase::Guard or ZrSupplyDatabase::Kit, and pkg-config knows zrsupplydatabase,
+# zrsupplyguard and zrsupplykit. All work from wherever the prefix is moved to, and for static libraries too.
 include(CMakePackageConfigHelpers)
 
 set(zr_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ZrSupplyDatabase)
@@ -20,6 +20,12 @@ endif()
 zr_install(Development EXPORT ZrSupplyDatabaseTargets
     NAMESPACE ZrSupplyDatabase::
     DESTINATION ${zr_package_dir})
+
+if(TARGET ZrSupplyKit)
+    zr_install(Development EXPORT ZrSupplyKitTargets
+        NAMESPACE ZrSupplyDatabase::
+        DESTINATION ${zr_package_dir})
+endif()
 
 if(TARGET ZrSupplyGuard)
     zr_install(Development EXPORT ZrSupplyGuardTargets
@@ -82,6 +88,11 @@ if(TARGET ZrSupplyGuard)
     configure_file(${PROJECT_SOURCE_DIR}/guard/zrsupplyguard.pc.in
         ${CMAKE_CURRENT_BINARY_DIR}/zrsupplyguard.pc @ONLY)
     zr_install(Development FILES ${CMAKE_CURRENT_BINARY_DIR}/zrsupplyguard.pc DESTINATION ${zr_pc_dir})
+endif()
+if(TARGET ZrSupplyKit)
+    configure_file(${PROJECT_SOURCE_DIR}/kit/zrsupplykit.pc.in
+        ${CMAKE_CURRENT_BINARY_DIR}/zrsupplykit.pc @ONLY)
+    zr_install(Development FILES ${CMAKE_CURRENT_BINARY_DIR}/zrsupplykit.pc DESTINATION ${zr_pc_dir})
 endif()
 
 zr_install(Runtime FILES ${PROJECT_SOURCE_DIR}/LICENSES/LGPL-2.1-or-later.txt

@@ -47,7 +47,11 @@ if(TARGET ZrSupplyGuard)
     zr_sbom(zrsupplyguard library ${PROJECT_VERSION} "LGPL-2.1-or-later" SONAMES libzrsupplyguard.so.1
         NEEDS sqlite ${runtime})
 endif()
-set(tools zrsupplydatabase zrsupplyguard sqlite libedit ${runtime})
+if(TARGET ZrSupplyKit)
+    zr_sbom(zrsupplykit library ${PROJECT_VERSION} "LGPL-2.1-or-later" SONAMES libzrsupplykit.so.1
+        NEEDS zrsupplydatabase ${runtime})
+endif()
+set(tools zrsupplydatabase zrsupplyguard zrsupplykit sqlite libedit ${runtime})
 if(TARGET zrsupply)
     zr_sbom(libedit library "${LIBEDIT_VERSION}" "BSD-3-Clause" SONAMES libedit.so.2)
     zr_sbom(zrsupply application ${PROJECT_VERSION} "LGPL-2.1-or-later" NEEDS ${tools})

@@ -4,6 +4,7 @@
 #include "build/numbers.h"
 #include "build/sourcewriter.h"
 #include "text/nearest.h"
+#include "usekit.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

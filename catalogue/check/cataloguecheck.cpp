@@ -2,6 +2,7 @@
 #include "check/cataloguecheck.h"
 
 #include <cataloguekeys_p.h>
+#include <cataloguesql_p.h>
 #include <zrsupplyguard.h>
 
 #include <QtSql/QSqlDatabase>
@@ -51,6 +52,11 @@ const QList<CatalogueTable> &catalogueTables()
 {
     static const QList<CatalogueTable> tables = readTables();
     return tables;
+}
+
+QByteArray offeredRollsQuery()
+{
+    return QByteArray(sql::rollSkus.data(), sql::rollSkus.size());
 }
 
 std::optional<Failure> catalogueProblem(const QString &path, Use use)

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "text/failure.h"
+#include "usekit.h"
+
+#include <QtCore/QByteArray>
 
 #include <optional>
 
@@ -15,6 +18,9 @@ struct CatalogueTable
 
 /// The tables and columns that the library reads.
 const QList<CatalogueTable> &catalogueTables();
+
+/// The library's own query for the rolls that it offers.
+QByteArray offeredRollsQuery();
 
 /// What a catalogue is wanted for.
 enum class Use {

@@ -3,6 +3,7 @@
 
 #include "text/failure.h"
 #include "text/nearest.h"
+#include "usekit.h"
 
 #include <QtCore/QFile>
 

@@ -3,6 +3,7 @@
 
 #include "check/coderules.h"
 #include "text/failure.h"
+#include "usekit.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>

@@ -3,6 +3,7 @@
 
 #include "check/cataloguecheck.h"
 #include "reasons/reasons.h"
+#include "usekit.h"
 
 #include <QtCore/QHash>
 #include <QtSql/QSqlDatabase>

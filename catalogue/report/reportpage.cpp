@@ -2,6 +2,7 @@
 #include "report/reportpage.h"
 
 #include "text/units.h"
+#include "usekit.h"
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QFile>
@@ -199,7 +200,7 @@ QString ribbonCard(const ReportData &data, qsizetype index)
     if (ribbon.panels.isEmpty())
         html += fact(u"Panels"_s, u"none"_s);
     html += fact(u"Width"_s, sizeText(ribbon.width));
-    html += fact(u"Length"_s, escaped(lengthCell(ribbon.length).text));
+    html += fact(u"Length"_s, escaped(ZrSupplyKit::lengthText(ribbon.length)));
     return html + fact(u"Id"_s, escaped(ribbon.id)) + u"</dl></li>\n"_s;
 }
 

@@ -5,7 +5,7 @@
 #include <supplyconstants_p.h>
 #include <zrsupplydatabase.h>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -50,7 +50,7 @@ void gatherSensor(ZrSupplyDatabase &library, RollFacts &roll)
             : ask(library, "SELECT ifnull(supplysensortype, 'without a name') FROM supplysensor WHERE id='%1'"_L1,
                   {id});
     const int sensor = type.isEmpty() ? supply::unsetInt : id.toInt();
-    roll.sensor = {u"sensor of the roll"_s, sensor, numberCell(sensor, u"none"_s).text, {}};
+    roll.sensor = {u"sensor of the roll"_s, sensor, numberText(sensor, u"none"_s), {}};
     if (!isOpen(library)) {
         roll.sensor.source = u"the catalogue is closed"_s;
         roll.sensorText = u"the catalogue is closed"_s;
@@ -106,7 +106,7 @@ RollFacts gatherRoll(ZrSupplyDatabase &library, const QString &sku)
 
     const int material = library.supplyMaterial(sku);
     const QString name = library.supplyMaterialName(sku);
-    roll.material = {u"material of the roll"_s, material, codeCell(material, name).text, source};
+    roll.material = {u"material of the roll"_s, material, codeText(material, name), source};
     roll.materialText = material == supply::unsetInt ? u"an unknown material"_s
                         : name.isEmpty()             ? u"material %1"_s.arg(material)
                                                      : u"material %1 (%2)"_s.arg(QString::number(material), name);
@@ -133,8 +133,8 @@ PairFacts gatherPair(ZrSupplyDatabase &library, const RibbonFacts &ribbon, const
     const QString source = pairSource(library, ribbon, roll);
     const int heat = library.supplyRibbonHeat(ribbon.sku, supply::firstPanel, roll.sku);
     const int tension = library.supplyRibbonTension(ribbon.sku, supply::firstPanel, roll.sku);
-    return {{u"heat"_s, heat, numberCell(heat, u"none"_s).text, source},
-            {u"tension"_s, tension, numberCell(tension, u"none"_s).text, source}};
+    return {{u"heat"_s, heat, numberText(heat, u"none"_s), source},
+            {u"tension"_s, tension, numberText(tension, u"none"_s), source}};
 }
 
 Facts gatherFacts(ZrSupplyDatabase &library, const QString &rollSku, const QStringList &ribbonSkus)
@@ -153,4 +153,4 @@ Facts gatherInstalled(ZrSupplyDatabase &library)
     return gatherFacts(library, library.supplySKU(), library.supplyRibbonSKUs());
 }
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

@@ -1,19 +1,28 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "reasons/reasons.h"
+
 #include "text/units.h"
 
 #include <zrsupplydatabase.h>
 
-// The special SKUs and the thresholds are written down once, for the checks and for their reasons.
+// The rule of the combination, the special SKUs and the thresholds are written down once, for the checks and for
+// their reasons.
+#include <combinationrule_p.h>
 #include <supplyconstants_p.h>
 
-#include <algorithm>
+#include <QtCore/QCoreApplication>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+/// A text that a translation of the kit replaces.
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("ZrSupplyKit", text);
+}
 
 bool isMissing(const RibbonFacts &ribbon)
 {
@@ -22,122 +31,164 @@ bool isMissing(const RibbonFacts &ribbon)
 
 QString place(size_t index)
 {
-    return u"ribbon %1"_s.arg(index + 1);
+    return tr("ribbon %1").arg(index + 1);
 }
 
 Reading ofRibbon(Reading reading, size_t index)
 {
-    reading.name += u" of "_s + place(index);
+    reading.name += u" of ribbon %1"_s.arg(index + 1);
     return reading;
 }
 
-bool isNarrow(const RibbonFacts &ribbon)
+Finding noRibbonFinding(size_t index, const QString &rule)
 {
-    return ribbon.width.value.toDouble() < supply::narrowRibbonInches;
-}
-
-bool isWide(const RollFacts &roll)
-{
-    return roll.width.value.toDouble() > supply::wideRollInches;
+    return {int(index) + 1,
+            rule,
+            Outcome::NotAsked,
+            ReasonCode::NoRibbon,
+            {},
+            tr("no ribbon"),
+            tr("No %1 is loaded.").arg(place(index))};
 }
 
 /// How a ribbon's width stands to the limit.
-QString narrownessText(const RibbonFacts &ribbon)
+Finding narrowness(const RibbonFacts &ribbon, size_t index)
 {
-    if (isMissing(ribbon))
-        return u"a missing ribbon counts as narrow"_s;
-    if (ribbon.width.value.toDouble() == supply::unsetReal)
-        return u"the width of %1 is not known, which counts as narrow"_s.arg(ribbon.sku);
+    const double width = ribbon.width.value.toDouble();
+    const bool isNarrow = supply::isNarrowRibbon(width);
     const QString limit = inchText(supply::narrowRibbonInches);
-    return isNarrow(ribbon) ? u"%1 is %2 wide, under %3"_s.arg(ribbon.sku, ribbon.width.text, limit)
-                            : u"%1 is %2 wide, not under %3"_s.arg(ribbon.sku, ribbon.width.text, limit);
-}
-
-Finding heatFinding(const Facts &facts, size_t index)
-{
-    const RibbonFacts &ribbon = facts.ribbons[index];
-    const int heat = facts.pairs[index].heat.value.toInt();
-    Finding finding{int(index) + 1, u"heat"_s, Outcome::Passes, {}};
+    Finding finding{int(index) + 1, u"narrow"_s, isNarrow ? Outcome::Fires : Outcome::Passes};
+    finding.values.ribbonWidthInches = width;
+    finding.values.narrowRibbonInches = supply::narrowRibbonInches;
     if (isMissing(ribbon)) {
-        finding.outcome = Outcome::NotAsked;
-        finding.says = u"no ribbon, no heat to judge"_s;
-    } else if (heat > 0) {
-        finding.says = u"%1 prints on %2 with heat %3"_s.arg(ribbon.sku, facts.roll.materialText).arg(heat);
+        finding.code = ReasonCode::MissingRibbonIsNarrow;
+        finding.says = tr("a missing ribbon counts as narrow");
+        finding.technician = tr("Load %1.").arg(place(index));
+    } else if (width == supply::unsetReal) {
+        finding.code = ReasonCode::UnknownWidthIsNarrow;
+        finding.says = tr("the width of %1 is not known, which counts as narrow").arg(ribbon.sku);
+        finding.technician = tr("The catalogue has no width of %1: use another ribbon.").arg(ribbon.sku);
+    } else if (isNarrow) {
+        finding.code = ReasonCode::RibbonIsNarrow;
+        finding.says = tr("%1 is %2 wide, under %3").arg(ribbon.sku, ribbon.width.text, limit);
+        finding.technician = tr("%1 is narrow: a wide roll needs a ribbon of %2 or more.").arg(ribbon.sku, limit);
     } else {
-        finding.outcome = Outcome::Fires;
-        finding.says =
-            heat == supply::unsetInt
-                ? u"%1 has no heat for %2: it does not print on it"_s.arg(ribbon.sku, facts.roll.materialText)
-                : u"the heat of %1 on %2 is %3, not above 0"_s.arg(ribbon.sku, facts.roll.materialText).arg(heat);
+        finding.code = ReasonCode::RibbonIsWide;
+        finding.says = tr("%1 is %2 wide, not under %3").arg(ribbon.sku, ribbon.width.text, limit);
+        finding.technician = tr("%1 is wide enough for every roll.").arg(ribbon.sku);
     }
     return finding;
 }
 
-Finding widthFinding(const Facts &facts, size_t index)
+Finding heatFinding(const Facts &facts, size_t index, const supply::RibbonObjections &objections)
 {
     const RibbonFacts &ribbon = facts.ribbons[index];
-    Finding finding{int(index) + 1, u"width"_s, Outcome::Passes, {}};
-    if (!isWide(facts.roll)) {
-        finding.says = u"the roll (%1) is not over %2, so any width will do"_s.arg(facts.roll.width.text,
-                                                                                   inchText(supply::wideRollInches));
+    const int heat = facts.pairs[index].heat.value.toInt();
+    Finding finding{int(index) + 1, u"heat"_s, Outcome::Passes, ReasonCode::RibbonPrints};
+    finding.values.heat = heat;
+    finding.values.material = facts.roll.material.value.toInt();
+    if (isMissing(ribbon)) {
+        finding.outcome = Outcome::NotAsked;
+        finding.code = ReasonCode::NoRibbonToPrint;
+        finding.says = tr("no ribbon, no heat to judge");
+        finding.technician = tr("No %1 is loaded.").arg(place(index));
+        return finding;
+    }
+    if (!objections.hasNoHeat) {
+        finding.says = tr("%1 prints on %2 with heat %3").arg(ribbon.sku, facts.roll.materialText).arg(heat);
+        finding.technician = tr("%1 prints on this roll.").arg(ribbon.sku);
+        return finding;
+    }
+    finding.outcome = Outcome::Fires;
+    finding.technician = tr("%1 does not print on this roll: use another ribbon or another roll.").arg(ribbon.sku);
+    if (heat == supply::unsetInt) {
+        finding.code = ReasonCode::RibbonHasNoHeat;
+        finding.says = tr("%1 has no heat for %2: it does not print on it").arg(ribbon.sku, facts.roll.materialText);
     } else {
-        finding.outcome = isNarrow(ribbon) ? Outcome::Fires : Outcome::Passes;
-        finding.says = u"%1; the roll (%2) is over %3"_s.arg(narrownessText(ribbon), facts.roll.width.text,
-                                                             inchText(supply::wideRollInches));
+        finding.code = ReasonCode::RibbonHeatNotPositive;
+        finding.says =
+            tr("the heat of %1 on %2 is %3, not above 0").arg(ribbon.sku, facts.roll.materialText).arg(heat);
+    }
+    return finding;
+}
+
+Finding widthFinding(const Facts &facts, size_t index, const supply::RibbonObjections &objections)
+{
+    const double rollWidth = facts.roll.width.value.toDouble();
+    const QString limit = inchText(supply::wideRollInches);
+    Finding finding = narrowness(facts.ribbons[index], index);
+    finding.rule = u"width"_s;
+    finding.outcome = objections.isTooNarrow ? Outcome::Fires : Outcome::Passes;
+    finding.values.rollWidthInches = rollWidth;
+    finding.values.wideRollInches = supply::wideRollInches;
+    if (supply::isWideRoll(rollWidth)) {
+        finding.says = tr("%1; the roll (%2) is over %3").arg(finding.says, facts.roll.width.text, limit);
+    } else {
+        finding.code = ReasonCode::RollIsNotWide;
+        finding.says = tr("the roll (%1) is not over %2, so any width will do").arg(facts.roll.width.text, limit);
+        finding.technician = tr("A ribbon of any width suits this roll.");
     }
     return finding;
 }
 
 /// What overrules the rules of a special ribbon, if it is one.
-void addSpecialFinding(QList<Finding> &findings, const Facts &facts, size_t index, bool otherIsSpecial)
+void addSpecialFinding(QList<Finding> &findings, const QString &sku, size_t index,
+                       const supply::RibbonObjections &objections)
 {
-    const RibbonFacts &ribbon = facts.ribbons[index];
-    if (!supply::isSpecialRibbon(ribbon.sku))
+    if (!objections.isWaived)
         return;
     for (Finding &finding : findings) {
         if (finding.ribbon == int(index) + 1 && finding.outcome == Outcome::Fires)
             finding.outcome = Outcome::Waived;
     }
-    findings.append({int(index) + 1, u"special"_s, otherIsSpecial ? Outcome::Fires : Outcome::Passes,
-                     otherIsSpecial ? u"%1 is a special ribbon, and two of them are no pair"_s.arg(ribbon.sku)
-                                    : u"%1 is a special ribbon, which is not judged"_s.arg(ribbon.sku)});
+    Finding finding{int(index) + 1, u"special"_s, Outcome::Passes, ReasonCode::SpecialIsNotJudged};
+    if (objections.isSecondSpecial) {
+        finding.outcome = Outcome::Fires;
+        finding.code = ReasonCode::TwoSpecialsAreNoPair;
+        finding.says = tr("%1 is a special ribbon, and two of them are no pair").arg(sku);
+        finding.technician = tr("Two special ribbons are loaded: replace one of them.");
+    } else {
+        finding.says = tr("%1 is a special ribbon, which is not judged").arg(sku);
+        finding.technician = tr("%1 suits every roll.").arg(sku);
+    }
+    findings.append(finding);
 }
 
-bool objectsTo(const QList<Finding> &findings, int ribbon)
+supply::RibbonOnRoll valuesOf(const Facts &facts, size_t index)
 {
-    return std::any_of(findings.begin(), findings.end(), [ribbon](const Finding &finding) {
-        return finding.ribbon == ribbon && finding.outcome == Outcome::Fires;
-    });
+    const RibbonFacts &ribbon = facts.ribbons[index];
+    return {isMissing(ribbon), supply::isSpecialRibbon(ribbon.sku), facts.pairs[index].heat.value.toInt(),
+            ribbon.width.value.toDouble()};
 }
 
 Verdict judgeCombination(const Facts &facts)
 {
     Verdict verdict{Check::Combination, true, {}, {}, {}, {}};
-    const bool special1 = supply::isSpecialRibbon(facts.ribbons[0].sku);
-    const bool special2 = supply::isSpecialRibbon(facts.ribbons[1].sku);
+    const auto objections =
+        supply::combinationObjections({{valuesOf(facts, 0), valuesOf(facts, 1)}}, facts.roll.width.value.toDouble());
     for (size_t i = 0; i < facts.ribbons.size(); ++i) {
-        verdict.findings += {heatFinding(facts, i), widthFinding(facts, i)};
-        addSpecialFinding(verdict.findings, facts, i, i == 0 ? special2 : special1);
+        verdict.findings += {heatFinding(facts, i, objections[i]), widthFinding(facts, i, objections[i])};
+        addSpecialFinding(verdict.findings, facts.ribbons[i].sku, i, objections[i]);
         verdict.readings += {ofRibbon(facts.pairs[i].heat, i), ofRibbon(facts.ribbons[i].width, i)};
     }
     verdict.readings += {facts.roll.material, facts.roll.width};
 
-    const bool bad1 = objectsTo(verdict.findings, 1);
-    const bool bad2 = objectsTo(verdict.findings, 2);
+    const bool bad1 = objections[0].isBad();
+    const bool bad2 = objections[1].isBad();
     verdict.good = !bad1 && !bad2;
     if (bad1 && bad2) {
-        verdict.summary =
-            special1 && special2 ? u"two special ribbons are no pair"_s : u"neither ribbon suits the roll"_s;
+        verdict.summary = objections[0].isSecondSpecial ? tr("two special ribbons are no pair")
+                                                        : tr("neither ribbon suits the roll");
         verdict.announcements = {{u"alertInvalidRibbonsSupplyCombo"_s, {}}};
     } else if (bad1) {
-        verdict.summary = u"ribbon 1 does not suit the roll"_s;
+        verdict.summary = tr("ribbon 1 does not suit the roll");
         verdict.announcements = {{u"alertInvalidRibbon1SupplyCombo"_s, {}}};
     } else if (bad2) {
-        verdict.summary = u"ribbon 2 does not suit the roll"_s;
+        verdict.summary = tr("ribbon 2 does not suit the roll");
         verdict.announcements = {{u"alertInvalidRibbon2SupplyCombo"_s, {}}};
     } else {
         const bool none = isMissing(facts.ribbons[0]) && isMissing(facts.ribbons[1]);
-        verdict.summary = none ? u"no ribbons, nothing to object to"_s : u"the ribbons suit the roll"_s;
+        verdict.summary = none ? tr("no ribbons, nothing to object to") : tr("the ribbons suit the roll");
     }
     return verdict;
 }
@@ -147,20 +198,26 @@ Verdict judgeClearTail(const Facts &facts)
     Verdict verdict{Check::ClearTail, true, {}, {}, {}, {}};
     QStringList which;
     for (size_t i = 0; i < facts.ribbons.size(); ++i) {
-        const RibbonFacts &ribbon = facts.ribbons[i];
-        const bool clearTail = supply::needsClearTail(ribbon.sku);
+        const QString &sku = facts.ribbons[i].sku;
+        const bool clearTail = supply::needsClearTail(sku);
         if (clearTail)
             which.append(place(i));
-        verdict.findings.append({int(i) + 1, u"clear-tail"_s,
-                                 isMissing(ribbon) ? Outcome::NotAsked
-                                 : clearTail       ? Outcome::Fires
-                                                   : Outcome::Passes,
-                                 isMissing(ribbon) ? u"no ribbon"_s
-                                 : clearTail       ? u"%1 is a clear-tail ribbon"_s.arg(ribbon.sku)
-                                                   : u"%1 is not a clear-tail ribbon"_s.arg(ribbon.sku)});
+        Finding finding{int(i) + 1, u"clear-tail"_s, Outcome::Passes, ReasonCode::RibbonNeedsNoClearTail};
+        if (isMissing(facts.ribbons[i])) {
+            finding = noRibbonFinding(i, finding.rule);
+        } else if (clearTail) {
+            finding.outcome = Outcome::Fires;
+            finding.code = ReasonCode::RibbonNeedsClearTail;
+            finding.says = tr("%1 is a clear-tail ribbon").arg(sku);
+            finding.technician = tr("The printer treats the clear tail of %1.").arg(sku);
+        } else {
+            finding.says = tr("%1 is not a clear-tail ribbon").arg(sku);
+            finding.technician = tr("%1 has no clear tail.").arg(sku);
+        }
+        verdict.findings.append(finding);
         verdict.announcements.append({u"notifyClearTailRibbon%1"_s.arg(i + 1), {clearTail}});
     }
-    verdict.summary = which.isEmpty() ? u"not needed"_s : u"needed for "_s + which.join(" and "_L1);
+    verdict.summary = which.isEmpty() ? tr("not needed") : tr("needed for %1").arg(which.join(tr(" and ")));
     return verdict;
 }
 
@@ -168,10 +225,16 @@ Verdict judgeEdgeSensor(const Facts &facts)
 {
     const int sensor = facts.roll.sensor.value.toInt();
     const bool known = sensor != supply::unsetInt;
+    Finding finding{0, u"sensor"_s, known ? Outcome::Fires : Outcome::Passes,
+                    known ? ReasonCode::RollNeedsSensor : ReasonCode::RollNeedsNoSensor};
+    finding.values.sensor = sensor;
+    finding.says = facts.roll.sensorText;
+    finding.technician = known ? tr("The printer finds the labels of this roll with sensor %1.").arg(sensor)
+                               : tr("No media sensor is known for this roll.");
     return {Check::EdgeSensor,
             true,
-            known ? u"sensor %1"_s.arg(sensor) : u"no sensor"_s,
-            {{0, u"sensor"_s, known ? Outcome::Fires : Outcome::Passes, facts.roll.sensorText}},
+            known ? tr("sensor %1").arg(sensor) : tr("no sensor"),
+            {finding},
             {facts.roll.sensor},
             {{u"notifySupplySensor"_s, {sensor}}}};
 }
@@ -181,15 +244,32 @@ Verdict judgeRibbonWidth(const Facts &facts)
     Verdict verdict{Check::RibbonWidth, true, {}, {}, {}, {}};
     bool narrow = false;
     for (size_t i = 0; i < facts.ribbons.size(); ++i) {
-        const RibbonFacts &ribbon = facts.ribbons[i];
-        narrow = narrow || isNarrow(ribbon);
-        verdict.findings.append(
-            {int(i) + 1, u"narrow"_s, isNarrow(ribbon) ? Outcome::Fires : Outcome::Passes, narrownessText(ribbon)});
-        verdict.readings.append(ofRibbon(ribbon.width, i));
+        verdict.findings.append(narrowness(facts.ribbons[i], i));
+        narrow = narrow || verdict.findings.constLast().outcome == Outcome::Fires;
+        verdict.readings.append(ofRibbon(facts.ribbons[i].width, i));
     }
-    verdict.summary = narrow ? u"a ribbon is narrow or missing"_s : u"no ribbon is narrow"_s;
+    verdict.summary = narrow ? tr("a ribbon is narrow or missing") : tr("no ribbon is narrow");
     verdict.announcements = {{u"notifySupplyWidth"_s, {narrow}}};
     return verdict;
+}
+
+Finding tensionFinding(const Facts &facts, size_t index)
+{
+    const QString &sku = facts.ribbons[index].sku;
+    const Reading &tension = facts.pairs[index].tension;
+    Finding finding{int(index) + 1, u"tension"_s, Outcome::Fires, ReasonCode::RibbonHasTension};
+    finding.values.tension = tension.value.toInt();
+    finding.values.material = facts.roll.material.value.toInt();
+    if (*finding.values.tension == supply::unsetInt) {
+        finding.outcome = Outcome::Passes;
+        finding.code = ReasonCode::RibbonHasNoTension;
+        finding.says = tr("%1 has no tension for %2").arg(sku, facts.roll.materialText);
+        finding.technician = tr("The catalogue has no tension of %1 for this roll.").arg(sku);
+    } else {
+        finding.says = tr("%1 runs on %2 with tension %3").arg(sku, facts.roll.materialText, tension.text);
+        finding.technician = tr("The printer runs %1 with tension %2.").arg(sku, tension.text);
+    }
+    return finding;
 }
 
 Verdict judgeRibbonTensions(const Facts &facts)
@@ -197,27 +277,21 @@ Verdict judgeRibbonTensions(const Facts &facts)
     Verdict verdict{Check::RibbonTensions, true, {}, {}, {}, {}};
     bool both = true;
     for (size_t i = 0; i < facts.ribbons.size(); ++i) {
-        const RibbonFacts &ribbon = facts.ribbons[i];
-        if (isMissing(ribbon)) {
+        if (isMissing(facts.ribbons[i])) {
             both = false;
-            verdict.findings.append({int(i) + 1, u"tension"_s, Outcome::NotAsked, u"no ribbon"_s});
+            verdict.findings.append(noRibbonFinding(i, u"tension"_s));
             continue;
         }
-        const Reading &tension = facts.pairs[i].tension;
-        const bool known = tension.value.toInt() != supply::unsetInt;
-        verdict.findings.append(
-            {int(i) + 1, u"tension"_s, known ? Outcome::Fires : Outcome::Passes,
-             known ? u"%1 runs on %2 with tension %3"_s.arg(ribbon.sku, facts.roll.materialText, tension.text)
-                   : u"%1 has no tension for %2"_s.arg(ribbon.sku, facts.roll.materialText)});
-        verdict.readings.append(ofRibbon(tension, i));
+        verdict.findings.append(tensionFinding(facts, i));
+        verdict.readings.append(ofRibbon(facts.pairs[i].tension, i));
     }
     if (!both) {
-        verdict.summary = u"nothing is announced without two ribbons"_s;
+        verdict.summary = tr("nothing is announced without two ribbons");
         return verdict;
     }
     const QVariant tension1 = facts.pairs[0].tension.value;
     const QVariant tension2 = facts.pairs[1].tension.value;
-    verdict.summary = u"%1 and %2"_s.arg(facts.pairs[0].tension.text, facts.pairs[1].tension.text);
+    verdict.summary = tr("%1 and %2").arg(facts.pairs[0].tension.text, facts.pairs[1].tension.text);
     verdict.announcements = {{u"notifyRibbonTensions"_s, {tension1, tension1, tension2, tension2}}};
     return verdict;
 }
@@ -266,4 +340,35 @@ QList<Verdict> judge(const Facts &facts)
     return verdicts;
 }
 
-} // namespace zrsupply
+QList<Verdict> installedVerdicts(ZrSupplyDatabase &library)
+{
+    return judge(gatherInstalled(library));
+}
+
+QStringList ribbonsThatSuit(ZrSupplyDatabase &library, const RollFacts &roll, qsizetype mostFound,
+                            qsizetype mostTried)
+{
+    QStringList found;
+    Facts facts;
+    facts.roll = roll;
+    const QStringList all = library.supplyRibbonSKUList();
+    for (const QString &sku : all.mid(0, mostTried)) {
+        if (found.size() >= mostFound)
+            break;
+        if (supply::isSpecialRibbon(sku))
+            continue;
+        facts.ribbons.fill(gatherRibbon(library, sku));
+        facts.pairs.fill(gatherPair(library, facts.ribbons[0], roll));
+        if (judgeCombination(facts).good)
+            found.append(sku);
+    }
+    return found;
+}
+
+QStringList ribbonsThatSuit(ZrSupplyDatabase &library, const QString &rollSku, qsizetype mostFound,
+                            qsizetype mostTried)
+{
+    return ribbonsThatSuit(library, gatherRoll(library, rollSku), mostFound, mostTried);
+}
+
+} // namespace ZrSupplyKit

@@ -9,7 +9,7 @@
 
 #include <cmath>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -223,4 +223,4 @@ std::optional<Expectation::Difference> Expectation::meetAnswer(const Arrivals &a
     return Difference{text(), answerWord + u' ' + literal(*arrivals.answer)};
 }
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

@@ -3,12 +3,13 @@
 
 #include "session/literal.h"
 #include "session/signalrecorder.h"
+#include "zrsupplykit_global.h"
 
 #include <QtCore/QMetaMethod>
 
 #include <optional>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 /// What has come back from the last event and was not expected yet.
 struct Arrivals
@@ -18,7 +19,7 @@ struct Arrivals
 };
 
 /// What an `expect` line demands.
-class Expectation
+class ZRSUPPLYKIT_EXPORT Expectation
 {
 public:
     /// `words` behind `expect`. Throws a usage failure for an unknown signal, a wrong number of arguments or an
@@ -53,6 +54,6 @@ private:
 };
 
 /// "supplyChangedSignal "00143465""
-QString signalText(const SignalRecord &record);
+ZRSUPPLYKIT_EXPORT QString signalText(const SignalRecord &record);
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

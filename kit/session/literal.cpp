@@ -11,7 +11,7 @@
 
 #include <cmath>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -243,4 +243,4 @@ QString typeText(QMetaType type)
     }
 }
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "zrsupplykit_global.h"
+
 #include <QtCore/QJsonValue>
 #include <QtCore/QList>
 #include <QtCore/QMetaType>
@@ -13,7 +15,7 @@
 ///
 /// Texts stand in quotes as in JSON or, where they hold no blank, bare; lists and tables are JSON; numbers are
 /// written so that they read back exactly.
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 /// One word of a line.
 struct Word
@@ -24,18 +26,18 @@ struct Word
 };
 
 /// The words of a line up to a comment. Throws a usage failure when quotes or brackets are not closed.
-QList<Word> splitWords(const QString &line);
+ZRSUPPLYKIT_EXPORT QList<Word> splitWords(const QString &line);
 
 /// The value as it is read back by `parseLiteral()`. An invalid value is the bare word void.
-QString literal(const QVariant &value);
+ZRSUPPLYKIT_EXPORT QString literal(const QVariant &value);
 /// The values after each other, each after a blank.
-QString literals(const QVariantList &values);
-QJsonValue literalJson(const QVariant &value);
+ZRSUPPLYKIT_EXPORT QString literals(const QVariantList &values);
+ZRSUPPLYKIT_EXPORT QJsonValue literalJson(const QVariant &value);
 
 /// `word` as a value of `type`; nothing when it is not one. Lists of texts may also be written with commas: A,B.
-std::optional<QVariant> parseLiteral(const Word &word, QMetaType type);
+ZRSUPPLYKIT_EXPORT std::optional<QVariant> parseLiteral(const Word &word, QMetaType type);
 
 /// What a person calls the type: "a whole number".
-QString typeText(QMetaType type);
+ZRSUPPLYKIT_EXPORT QString typeText(QMetaType type);
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

@@ -11,7 +11,7 @@
 #include <iterator>
 #include <vector>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -111,4 +111,4 @@ QVariant invoke(QObject &object, const MethodCall &call)
     return result;
 }
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

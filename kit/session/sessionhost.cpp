@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "session/sessionhost.h"
 
-#include "session/sessionhelp.h"
 #include "supplies/installed.h"
 #include "text/nearest.h"
 
@@ -9,12 +8,11 @@
 #include <zrsupplydatabase.h>
 
 #include <QtCore/QJsonArray>
-#include <QtSql/QSqlDatabase>
 
 #include <algorithm>
 #include <utility>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -145,10 +143,12 @@ QList<EventKind> SessionHost::kindsOfTable()
     return all;
 }
 
-SessionHost::SessionHost(ZrSupplyDatabase &library, QString catalogue, QString source)
+SessionHost::SessionHost(ZrSupplyDatabase &library, QString catalogue, QString source,
+                         std::function<void(const QString &name)> closeConnection)
     : m_library(library)
     , m_startCatalogue(std::move(catalogue))
     , m_source(std::move(source))
+    , m_closeConnection(std::move(closeConnection))
     , m_recorder(library)
 {
 }
@@ -309,10 +309,10 @@ void SessionHost::show(const SessionEvent &event)
     // Looking takes nothing away: what the event before it announced can still be expected.
     ++m_events;
     tell(&Transcript::begin, event);
-    const Answer answer = installedAnswer(m_library);
-    const QVariant state = answer.toJson().toVariantHash();
+    const Installed installed = installedSupplies(m_library);
+    const QVariant state = toJson(installed).toVariantHash();
     m_arrivals.answer = state;
-    tell(&Transcript::shown, answer, state);
+    tell(&Transcript::shown, installed, state);
     tell(&Transcript::end, event);
 }
 
@@ -324,9 +324,11 @@ void SessionHost::catalogue(const SessionEvent &event)
         runCalls(event, {callTo(u"setup"_s, {which.raw == "start"_L1 ? wordOf(m_startCatalogue) : which})});
         return;
     }
+    if (!m_closeConnection)
+        throw badEvent(event, u"this host cannot close the catalogue"_s);
     // The library holds no handle: without its connection every lookup finds the catalogue closed.
     begin(event);
-    QSqlDatabase::removeDatabase(supply::connectionName());
+    m_closeConnection(supply::connectionName());
     tell(&Transcript::note, u"the catalogue is closed"_s);
     tell(&Transcript::end, event);
 }
@@ -338,7 +340,7 @@ void SessionHost::help(const SessionEvent &event)
     if (!about.isEmpty() && about != "methods"_L1 && about != "signals"_L1)
         throw noSuchWord(event, u"help about"_s, about, {u"methods"_s, u"signals"_s});
     tell(&Transcript::begin, event);
-    tell(&Transcript::note, sessionHelp(about, *m_library.metaObject()));
+    tell(&Transcript::help, about);
     tell(&Transcript::end, event);
 }
 
@@ -348,4 +350,4 @@ void SessionHost::quit(const SessionEvent &event)
     m_ended = true;
 }
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

@@ -3,17 +3,19 @@
 
 #include "session/expectation.h"
 #include "session/methodcall.h"
+#include "zrsupplykit_global.h"
 
 #include "text/failure.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
 class ZrSupplyDatabase;
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
-class Answer;
+struct Installed;
 
 /// One line of a session that asks for something.
 struct SessionEvent
@@ -33,15 +35,15 @@ struct EventKind
 };
 
 /// Every kind, in the order of the help.
-const QList<EventKind> &eventKinds();
+ZRSUPPLYKIT_EXPORT const QList<EventKind> &eventKinds();
 /// "mileage roll|ribbon1|ribbon2 MM"
-QString usageText(const EventKind &kind);
+ZRSUPPLYKIT_EXPORT QString usageText(const EventKind &kind);
 /// What `mileage` and `check` take as their first word.
-QStringList mileagePlaces();
-QStringList checkWords();
+ZRSUPPLYKIT_EXPORT QStringList mileagePlaces();
+ZRSUPPLYKIT_EXPORT QStringList checkWords();
 
 /// Who is told what happens in a session.
-class Transcript
+class ZRSUPPLYKIT_EXPORT Transcript
 {
 public:
     Transcript() = default;
@@ -56,16 +58,18 @@ public:
     /// A call that returns nothing has announced nothing.
     virtual void silence() {}
     virtual void met(const Expectation & /*expectation*/) {}
-    /// What `show` answers; `state` is what an expectation compares it with.
-    virtual void shown(const Answer & /*answer*/, const QVariant & /*state*/) {}
-    /// A text for a person: help, or what happens outside the library.
+    /// What `show` reads; `state` is what an expectation compares it with.
+    virtual void shown(const Installed & /*installed*/, const QVariant & /*state*/) {}
+    /// `help` was typed: `about` is empty, "methods" or "signals".
+    virtual void help(const QString & /*about*/) {}
+    /// A text for a person: what happens outside the library.
     virtual void note(const QString & /*text*/) {}
     /// The event is over, also when it failed.
     virtual void end(const SessionEvent & /*event*/) {}
 };
 
 /// An expectation that was not met.
-struct UnmetExpectation : Failure
+struct ZRSUPPLYKIT_EXPORT UnmetExpectation : Failure
 {
     Expectation::Difference difference;
     QString eventText; ///< The event that it was about.
@@ -73,11 +77,14 @@ struct UnmetExpectation : Failure
 };
 
 /// Plays a host: carries out the lines of a session on the library and tells its transcripts.
-class SessionHost
+class ZRSUPPLYKIT_EXPORT SessionHost
 {
 public:
     /// `catalogue`: the file that is open, for "catalogue start". `source`: what the lines come from, for errors.
-    SessionHost(ZrSupplyDatabase &library, QString catalogue, QString source = {});
+    /// `closeConnection`: closes the connection of this name, `QSqlDatabase::removeDatabase` as a rule; without it
+    /// the event "catalogue closed" fails.
+    SessionHost(ZrSupplyDatabase &library, QString catalogue, QString source = {},
+                std::function<void(const QString &name)> closeConnection = {});
 
     void addTranscript(Transcript &transcript) { m_transcripts.push_back(&transcript); }
 
@@ -122,6 +129,7 @@ private:
     ZrSupplyDatabase &m_library;
     QString m_startCatalogue;
     QString m_source;
+    std::function<void(const QString &)> m_closeConnection;
     SignalRecorder m_recorder;
     std::vector<Transcript *> m_transcripts;
     Arrivals m_arrivals;
@@ -131,4 +139,4 @@ private:
     bool m_ended = false;
 };
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 QList<QMetaMethod> ownSignals(const QMetaObject &type)
 {
@@ -44,4 +44,4 @@ int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void **arguments
     return number - int(m_signals.size());
 }
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

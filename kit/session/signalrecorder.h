@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "zrsupplykit_global.h"
+
 #include <QtCore/QList>
 #include <QtCore/QMetaMethod>
 #include <QtCore/QObject>
 #include <QtCore/QVariant>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 /// A signal that has arrived.
 struct SignalRecord
@@ -19,7 +21,7 @@ struct SignalRecord
 
 /// Every signal that an object's own class declares, in arrival order. It goes by the meta-object alone, so a signal
 /// that the class gains is heard without a line here.
-class SignalRecorder : public QObject
+class ZRSUPPLYKIT_EXPORT SignalRecorder : public QObject
 {
     // Without Q_OBJECT: qt_metacall() is written by hand, a numbered slot for each signal.
 public:
@@ -36,6 +38,6 @@ private:
 };
 
 /// The signals that a class itself declares, in their order.
-QList<QMetaMethod> ownSignals(const QMetaObject &type);
+ZRSUPPLYKIT_EXPORT QList<QMetaMethod> ownSignals(const QMetaObject &type);
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

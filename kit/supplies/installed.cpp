@@ -4,75 +4,62 @@
 #include "session/literal.h"
 #include "text/units.h"
 
+#include <supplyconstants_p.h>
 #include <zrsupplydatabase.h>
 
-#include <algorithm>
-#include <cmath>
+#include <QtCore/QJsonArray>
 
-namespace zrsupply {
+#include <algorithm>
+
+namespace ZrSupplyKit {
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int barColumns = 20;
-
-/// A fraction as the library keeps it, -1 unknown.
-bool isKnown(double fraction)
-{
-    return fraction != -1.0;
-}
-
-Cell barCell(double fraction)
-{
-    return {fraction, barText(fraction), {}};
-}
-
-/// Colours come as decimal texts, "-1" unknown.
-Cell rgbCell(const QString &rgb, const QString &name)
-{
-    Cell cell = colorCell(rgb.toInt(), name, u"not known"_s);
-    cell.value = rgb;
-    return cell;
-}
-
-void addRoll(Answer &answer, ZrSupplyDatabase &library)
+InstalledSupply roll(ZrSupplyDatabase &library)
 {
     const QString sku = library.supplySKU();
-    answer.beginGroup(u"Roll"_s, u"roll"_s);
-    answer.add(u"sku"_s, u"SKU"_s, textCell(sku));
-    if (sku != unsetString) {
-        answer.add(u"is"_s, u"Is"_s, textCell(rollText(library)));
-        answer.addJson(u"supplyId"_s, library.supplyId());
-    }
-    answer.add(u"remaining"_s, u"Remaining"_s, barCell(library.supplySupplyPercent()));
-    answer.add(u"rgb"_s, u"Colour"_s, rgbCell(library.supplySupplyRGB(), library.supplyColorName(QString())));
+    return {sku,
+            sku == unsetString ? QString() : rollText(library),
+            library.supplySupplyPercent(),
+            {library.supplySupplyRGB()},
+            {library.supplyColorName(QString())}};
 }
 
-void addRibbon(Answer &answer, ZrSupplyDatabase &library, qsizetype index, double fraction, const QStringList &rgbs)
+InstalledSupply ribbon(ZrSupplyDatabase &library, qsizetype index, double fraction, const QStringList &rgbs)
 {
     const QString sku = library.supplyRibbonSKUs().value(index, unsetString);
-    answer.beginGroup(u"Ribbon %1"_s.arg(index + 1), u"ribbon%1"_s.arg(index + 1));
-    answer.add(u"sku"_s, u"SKU"_s, textCell(sku));
-    if (sku != unsetString)
-        answer.add(u"is"_s, u"Is"_s, textCell(ribbonText(library, sku)));
-    answer.add(u"remaining"_s, u"Remaining"_s, barCell(fraction));
-    answer.addJson(u"rgbs"_s, QJsonArray::fromStringList(rgbs));
+    InstalledSupply supply{sku, sku == unsetString ? QString() : ribbonText(library, sku), fraction, rgbs};
     const int panels = std::clamp(library.supplyRibbonPanels(sku), 1, 2);
-    for (int panel = 1; panel <= panels; ++panel) {
-        answer.add({}, panels == 1 ? u"Colour"_s : u"Panel %1"_s.arg(panel),
-                   rgbCell(rgbs.value(panel - 1, unsetString), library.supplyRibbonColorName(sku, panel)));
-    }
+    for (int panel = 1; panel <= panels; ++panel)
+        supply.colorNames.append(library.supplyRibbonColorName(sku, panel));
+    return supply;
+}
+
+QJsonObject supplyJson(const InstalledSupply &supply)
+{
+    QJsonObject object{{u"sku"_s, supply.sku}, {u"remaining"_s, supply.remainingFraction}};
+    if (supply.sku != unsetString)
+        object.insert(u"is"_s, supply.description);
+    return object;
 }
 
 } // namespace
 
-QString barText(double fraction)
+bool isUnknownRoll(const QString &sku)
 {
-    if (!isKnown(fraction) || std::isnan(fraction))
-        return QString(barColumns, u'·') + u"  not known"_s;
-    const int full = int(std::lround(std::clamp(fraction, 0.0, 1.0) * barColumns));
-    return QString(full, u'█') + QString(barColumns - full, u'░') + u"  %1 %"_s.arg(fraction * 100, 0, 'f', 1);
+    return supply::isUnknownSupply(sku);
+}
+
+bool answersFromTag(const QString &sku)
+{
+    return supply::answersFromTag(sku);
+}
+
+bool isSpecialRibbon(const QString &sku)
+{
+    return supply::isSpecialRibbon(sku);
 }
 
 QString rollText(ZrSupplyDatabase &library)
@@ -128,18 +115,33 @@ QString announcementText(const Verdict &verdict)
     return texts.isEmpty() ? u"silence"_s : texts.join(", "_L1);
 }
 
-Answer installedAnswer(ZrSupplyDatabase &library)
+Installed installedSupplies(ZrSupplyDatabase &library)
 {
-    Answer answer;
-    addRoll(answer, library);
-    addRibbon(answer, library, 0, library.supplyRibbon1Percent(), library.supplyRibbon1RGBs());
-    addRibbon(answer, library, 1, library.supplyRibbon2Percent(), library.supplyRibbon2RGBs());
-    answer.beginGroup(u"Verdicts"_s, u"verdicts"_s);
-    for (const Verdict &verdict : judge(gatherInstalled(library))) {
-        const CheckName &name = nameOf(verdict.check);
-        answer.add(name.word, name.title, textCell(verdictText(verdict)));
-    }
-    return answer;
+    return {roll(library),
+            library.supplyId(),
+            {ribbon(library, 0, library.supplyRibbon1Percent(), library.supplyRibbon1RGBs()),
+             ribbon(library, 1, library.supplyRibbon2Percent(), library.supplyRibbon2RGBs())},
+            installedVerdicts(library)};
 }
 
-} // namespace zrsupply
+QJsonObject toJson(const Installed &installed)
+{
+    QJsonObject object;
+    QJsonObject roll = supplyJson(installed.roll);
+    roll.insert(u"rgb"_s, installed.roll.rgbs.value(0));
+    if (installed.roll.sku != unsetString)
+        roll.insert(u"supplyId"_s, installed.supplyId);
+    object.insert(u"roll"_s, roll);
+    for (size_t i = 0; i < installed.ribbons.size(); ++i) {
+        QJsonObject ribbon = supplyJson(installed.ribbons[i]);
+        ribbon.insert(u"rgbs"_s, QJsonArray::fromStringList(installed.ribbons[i].rgbs));
+        object.insert(u"ribbon%1"_s.arg(i + 1), ribbon);
+    }
+    QJsonObject verdicts;
+    for (const Verdict &verdict : installed.verdicts)
+        verdicts.insert(nameOf(verdict.check).word, verdictText(verdict));
+    object.insert(u"verdicts"_s, verdicts);
+    return object;
+}
+
+} // namespace ZrSupplyKit

@@ -13,7 +13,7 @@
 #include <cmath>
 #include <limits>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -334,4 +334,4 @@ QJsonObject statusJson(const QList<MarkerSupply> &supplies)
             {u"snmp"_s, values}};
 }
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "zrsupplykit_global.h"
+
 #include <QtCore/QJsonObject>
 #include <QtCore/QList>
 #include <QtCore/QString>
@@ -9,7 +11,7 @@ class ZrSupplyDatabase;
 
 /// The installed state in the words of the Printer MIB, RFC 3805: the rows of prtMarkerSuppliesTable and of
 /// prtMarkerColorantTable, and the same as values of IPP's printer-supply. docs/status.md explains each column.
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 /// A label of one of the MIB's textual conventions and its number.
 struct MibLabel
@@ -26,7 +28,7 @@ struct MarkerColorant
     QString name; ///< English, in lower case, as a keyword: "black", "light-blue".
 };
 
-struct MarkerSupply
+struct ZRSUPPLYKIT_EXPORT MarkerSupply
 {
     int index;   ///< 1 the roll, 2 ribbon 1, 3 ribbon 2, whatever is there.
     QString sku; ///< As the library has it.
@@ -43,19 +45,19 @@ struct MarkerSupply
 };
 
 /// The roll, ribbon 1 and ribbon 2. `language` is that of the descriptions, the library's when it returns.
-QList<MarkerSupply> markerSupplies(ZrSupplyDatabase &library, int language);
+ZRSUPPLYKIT_EXPORT QList<MarkerSupply> markerSupplies(ZrSupplyDatabase &library, int language);
 
 /// `inches` as capacity; unknown when they are not above 0 or more than the MIB's integers hold.
-int mibCapacity(double inches);
+ZRSUPPLYKIT_EXPORT int mibCapacity(double inches);
 /// What remains of `capacity` at the library's `fraction`, -1 unknown.
-int mibLevel(double fraction, int capacity);
+ZRSUPPLYKIT_EXPORT int mibLevel(double fraction, int capacity);
 /// `name` as a keyword: lower case, anything but letters and digits a hyphen.
-QString keywordOf(const QString &name);
+ZRSUPPLYKIT_EXPORT QString keywordOf(const QString &name);
 
 /// One value of printer-supply: "type=inkRibbon;maxcapacity=47250000;…".
-QString printerSupply(const MarkerSupply &supply);
+ZRSUPPLYKIT_EXPORT QString printerSupply(const MarkerSupply &supply);
 /// Both attributes as ipptool reads them.
-QString ippText(const QList<MarkerSupply> &supplies);
+ZRSUPPLYKIT_EXPORT QString ippText(const QList<MarkerSupply> &supplies);
 
 /// An object of the MIB and its value.
 struct MibValue
@@ -66,9 +68,9 @@ struct MibValue
     QJsonValue value;
 };
 /// Both tables in the order of a walk.
-QList<MibValue> mibValues(const QList<MarkerSupply> &supplies);
-QString snmpText(const QList<MarkerSupply> &supplies);
+ZRSUPPLYKIT_EXPORT QList<MibValue> mibValues(const QList<MarkerSupply> &supplies);
+ZRSUPPLYKIT_EXPORT QString snmpText(const QList<MarkerSupply> &supplies);
 
-QJsonObject statusJson(const QList<MarkerSupply> &supplies);
+ZRSUPPLYKIT_EXPORT QJsonObject statusJson(const QList<MarkerSupply> &supplies);
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

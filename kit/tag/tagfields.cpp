@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "tag/tagfields.h"
 
+#include <tag/taglayout_p.h>
+
 #include <QtCore/QByteArray>
 #include <QtCore/QJsonArray>
 #include <QtCore/QtEndian>
@@ -8,13 +10,12 @@
 #include <algorithm>
 #include <cstring>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr qsizetype tagDigits = 24;
 constexpr int multiUpRevision = 2;
 
 /// Why a value cannot be written.
@@ -32,7 +33,7 @@ QString valueText(const TagField &field, int value)
     return value != 0 ? u"true"_s : u"false"_s;
 }
 
-std::optional<Refusal> rangeRefusal(const TagField &field, const taglayout::Field &bits, int value)
+std::optional<Refusal> rangeRefusal(const TagField &field, const TagBitRange &bits, int value)
 {
     const int smallest = smallestValue(field);
     const int largest = largestValue(field, bits);
@@ -82,7 +83,7 @@ Failure refusalFailure(const QList<Refusal> &refusals)
 class TagWriter
 {
 public:
-    void write(const taglayout::Field &bits, quint32 value)
+    void write(const TagBitRange &bits, quint32 value)
     {
         for (int i = 0; i < bits.width; ++i) {
             const int place = bits.first + i;
@@ -94,7 +95,7 @@ public:
     QString text() const { return QString::fromLatin1(m_bytes.toHex()).toUpper(); }
 
 private:
-    QByteArray m_bytes = QByteArray(tagDigits / 2, '\0');
+    QByteArray m_bytes = QByteArray(tagDigitCount / 2, '\0');
 };
 
 } // namespace
@@ -171,15 +172,15 @@ QString TagLayout::text() const
            (multiUp ? u", revision 2 or more"_s : u", revision 0 or 1"_s);
 }
 
-const taglayout::Field *tagBitsOf(const TagField &field, const TagLayout &layout)
+std::optional<TagBitRange> tagBitsOf(const TagField &field, const TagLayout &layout)
 {
     for (const taglayout::Field &row : taglayout::fields) {
         const bool same =
             field.number != nullptr ? row.number == field.number : row.flag != nullptr && row.flag == field.flag;
         if (same && taglayout::applies(row.readWhen, layout.continuous, layout.multiUp))
-            return &row;
+            return TagBitRange{row.first, row.width};
     }
-    return nullptr;
+    return {};
 }
 
 int smallestValue(const TagField &field)
@@ -187,7 +188,7 @@ int smallestValue(const TagField &field)
     return field.number == &SupplyC::typeIndex ? 1 : 0;
 }
 
-int largestValue(const TagField &field, const taglayout::Field &bits)
+int largestValue(const TagField &field, const TagBitRange &bits)
 {
     return (1 << bits.width) - 1 + smallestValue(field);
 }
@@ -199,10 +200,24 @@ int valueWhenNotCarried(const TagField &field, const TagLayout &layout, int form
     return field.flag == &SupplyC::tagFlagBit11 ? 1 : 0;
 }
 
-TagBits tagBitsFromText(const QString &text)
+QList<TagBitRange> unreadTagBits(const TagLayout &layout)
 {
-    const QByteArray bytes = QByteArray::fromHex(text.left(tagDigits).toLatin1()).leftJustified(tagDigits / 2, '\0');
-    return {qFromBigEndian<quint64>(bytes.constData()), qFromBigEndian<quint32>(bytes.constData() + sizeof(quint64))};
+    QList<TagBitRange> unread;
+    for (const taglayout::Field &row : taglayout::fields) {
+        const bool isField = row.number != nullptr || row.flag != nullptr;
+        if (!isField && taglayout::applies(row.readWhen, layout.continuous, layout.multiUp))
+            unread.append({row.first, row.width});
+    }
+    return unread;
+}
+
+quint32 tagBitsValue(const QString &tag, const TagBitRange &bits)
+{
+    const QByteArray bytes =
+        QByteArray::fromHex(tag.left(tagDigitCount).toLatin1()).leftJustified(tagDigitCount / 2, '\0');
+    const TagBits all{qFromBigEndian<quint64>(bytes.constData()),
+                      qFromBigEndian<quint32>(bytes.constData() + sizeof(quint64))};
+    return all.read(bits.first, bits.width);
 }
 
 QString encodeTag(const TagValues &values)
@@ -212,14 +227,14 @@ QString encodeTag(const TagValues &values)
     TagWriter writer;
     QList<Refusal> refusals;
     for (const TagField &field : tagFields()) {
-        const taglayout::Field *bits = tagBitsOf(field, layout);
-        const int value = values.value(
-            field.member, bits != nullptr ? smallestValue(field) : valueWhenNotCarried(field, layout, formatEnum));
+        const std::optional<TagBitRange> bits = tagBitsOf(field, layout);
+        const int value =
+            values.value(field.member, bits ? smallestValue(field) : valueWhenNotCarried(field, layout, formatEnum));
         const auto refusal =
-            bits != nullptr ? rangeRefusal(field, *bits, value) : layoutRefusal(field, layout, formatEnum, value);
+            bits ? rangeRefusal(field, *bits, value) : layoutRefusal(field, layout, formatEnum, value);
         if (refusal)
             refusals.append(*refusal);
-        else if (bits != nullptr)
+        else if (bits)
             writer.write(*bits, quint32(value - smallestValue(field)));
     }
     if (!refusals.isEmpty())
@@ -227,4 +242,4 @@ QString encodeTag(const TagValues &values)
     return writer.text();
 }
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

@@ -2,16 +2,19 @@
 #pragma once
 
 #include "text/failure.h"
+#include "zrsupplykit_global.h"
 
 #include <tag/supplyc.h>
-#include <tag/taglayout_p.h>
 
 #include <QtCore/QHash>
+#include <QtCore/QList>
 
-namespace zrsupply {
+#include <optional>
+
+namespace ZrSupplyKit {
 
 /// One of the 24 fields of a tag.
-struct TagField
+struct ZRSUPPLYKIT_EXPORT TagField
 {
     QString member; ///< As `SupplyC` spells it.
     QString help;
@@ -24,12 +27,12 @@ struct TagField
 };
 
 /// In the order of `SupplyC`.
-const QList<TagField> &tagFields();
+ZRSUPPLYKIT_EXPORT const QList<TagField> &tagFields();
 /// By either spelling; nullptr when there is none.
-const TagField *findTagField(const QString &name);
+ZRSUPPLYKIT_EXPORT const TagField *findTagField(const QString &name);
 
 /// What decides where the fields lie.
-struct TagLayout
+struct ZRSUPPLYKIT_EXPORT TagLayout
 {
     bool continuous = false; ///< Format code 1 or 2.
     bool multiUp = false;    ///< Revision 2 or more.
@@ -39,22 +42,34 @@ struct TagLayout
     QString text() const;
 };
 
-/// The bits of a field in a layout; nullptr when the layout does not carry it.
-const taglayout::Field *tagBitsOf(const TagField &field, const TagLayout &layout);
-/// The numbers that these bits can say: the type index counts from 1, everything else from 0.
-int smallestValue(const TagField &field);
-int largestValue(const TagField &field, const taglayout::Field &bits);
-/// What decoding gives a field that the layout does not carry.
-int valueWhenNotCarried(const TagField &field, const TagLayout &layout, int formatEnum);
+/// The digits of a tag, and its bits; bit 0 is the first bit of the first byte.
+constexpr int tagDigitCount = 24;
+constexpr int tagBitCount = 96;
 
-/// The 96 bits that the decoder sees.
-TagBits tagBitsFromText(const QString &text);
+/// Bits of a tag, the first one the most significant.
+struct TagBitRange
+{
+    int first = 0; ///< 0 to 95
+    int width = 1; ///< In bits.
+};
+
+/// The bits of a field in a layout; nothing when the layout does not carry it.
+ZRSUPPLYKIT_EXPORT std::optional<TagBitRange> tagBitsOf(const TagField &field, const TagLayout &layout);
+/// The bits that the layout assigns to no field.
+ZRSUPPLYKIT_EXPORT QList<TagBitRange> unreadTagBits(const TagLayout &layout);
+/// The number that these bits of a tag hold, as the decoder sees the text: missing digits are 0.
+ZRSUPPLYKIT_EXPORT quint32 tagBitsValue(const QString &tag, const TagBitRange &bits);
+/// The numbers that these bits can say: the type index counts from 1, everything else from 0.
+ZRSUPPLYKIT_EXPORT int smallestValue(const TagField &field);
+ZRSUPPLYKIT_EXPORT int largestValue(const TagField &field, const TagBitRange &bits);
+/// What decoding gives a field that the layout does not carry.
+ZRSUPPLYKIT_EXPORT int valueWhenNotCarried(const TagField &field, const TagLayout &layout, int formatEnum);
 
 /// Field values by `TagField::member`; flags are 0 and 1.
 using TagValues = QHash<QString, int>;
 
 /// The 24 hexadecimal digits of a tag with these values; what is not given is what zero bits say. Throws when a value
 /// is out of range, or belongs to a field that the layout does not carry.
-QString encodeTag(const TagValues &values);
+ZRSUPPLYKIT_EXPORT QString encodeTag(const TagValues &values);
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

@@ -1,21 +1,28 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "zrsupplykit_global.h"
+
 #include <QtCore/QJsonObject>
 #include <QtCore/QString>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
-/// Exit status of the command.
-enum class Status { Ok = 0, Failed = 1, Usage = 2, NotFound = 3 };
+/// How something ended; the numbers are the exit statuses of the command.
+enum class Status {
+    Ok = 0,
+    Failed = 1,  ///< A file or the catalogue cannot be used.
+    Usage = 2,   ///< What was given is wrong.
+    NotFound = 3 ///< There is no such roll or ribbon.
+};
 
-/// Ends a verb with an error on stderr. Thrown from anywhere below `Command::run`.
-struct Failure
+/// Thrown by what takes texts of a person: sessions and the writing of tags.
+struct ZRSUPPLYKIT_EXPORT Failure
 {
     Status status = Status::Failed;
     QString message;     ///< What is wrong, one sentence without a full stop.
     QString remedy;      ///< What to do about it, one sentence without a full stop.
-    QJsonObject details; ///< Further members of the error object with --json.
+    QJsonObject details; ///< The same for programs: members of a JSON object.
 };
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <vector>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -76,4 +76,4 @@ QString orList(const QStringList &words)
     return words.mid(0, words.size() - 1).join(", "_L1) + " or "_L1 + words.last();
 }
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

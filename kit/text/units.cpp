@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numeric>
 
-namespace zrsupply {
+namespace ZrSupplyKit {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -15,7 +15,14 @@ constexpr double inchesPerFoot = 12.0;
 constexpr int sixteenthsPerInch = 16;
 constexpr double largestWithFractions = 1000.0;
 
-/// At most `decimals` of them, without zeros at the end.
+/// The library's unset number.
+bool isUnset(double value)
+{
+    return value == -1.0;
+}
+
+} // namespace
+
 QString decimalText(double value, int decimals)
 {
     QString text = QString::number(value, 'f', decimals);
@@ -27,14 +34,6 @@ QString decimalText(double value, int decimals)
     }
     return text;
 }
-
-/// The library's unset number.
-bool isUnset(double value)
-{
-    return value == -1.0;
-}
-
-} // namespace
 
 QString inchText(double inches)
 {
@@ -52,47 +51,27 @@ QString inchText(double inches)
     return whole == 0 ? fraction : u"%1 %2"_s.arg(whole).arg(fraction);
 }
 
-Cell widthCell(double inches, const QString &absent)
+QString widthText(double inches, const QString &absent)
 {
-    if (isUnset(inches))
-        return {inches, absent, {}};
-    return {inches, u"%1 (%2 mm)"_s.arg(inchText(inches), decimalText(inches * mmPerInch, 1)), {}};
+    return isUnset(inches) ? absent : u"%1 (%2 mm)"_s.arg(inchText(inches), decimalText(inches * mmPerInch, 1));
 }
 
-Cell lengthCell(double inches, const QString &absent)
+QString lengthText(double inches, const QString &absent)
 {
-    if (isUnset(inches))
-        return {inches, absent, {}};
-    return {inches, u"%1 in (%2 ft)"_s.arg(decimalText(inches, 4), decimalText(inches / inchesPerFoot, 2)), {}};
+    return isUnset(inches) ? absent
+                           : u"%1 in (%2 ft)"_s.arg(decimalText(inches, 4), decimalText(inches / inchesPerFoot, 2));
 }
 
-Cell numberCell(int number, const QString &absent)
+QString numberText(int number, const QString &absent)
 {
-    return {number, number == -1 ? absent : QString::number(number), {}};
+    return number == -1 ? absent : QString::number(number);
 }
 
-Cell codeCell(int code, const QString &name)
+QString codeText(int code, const QString &name)
 {
     if (code == -1)
-        return {code, notKnown, {}};
-    return {code, name.isEmpty() ? QString::number(code) : u"%1 %2"_s.arg(QString::number(code), name), {}};
-}
-
-Cell colorCell(int rgb, const QString &name, const QString &absent)
-{
-    if (rgb == -1)
-        return {rgb, name.isEmpty() ? absent : name, {}};
-    return {rgb, name.isEmpty() ? rgbText(rgb) : u"%1 %2"_s.arg(rgbText(rgb), name), rgb};
-}
-
-Cell textCell(const QString &text, const QString &absent)
-{
-    return {text, text.isEmpty() ? absent : text, {}};
-}
-
-Cell yesNoCell(bool yes)
-{
-    return {yes, yes ? u"yes"_s : u"no"_s, {}};
+        return notKnown;
+    return name.isEmpty() ? QString::number(code) : u"%1 %2"_s.arg(QString::number(code), name);
 }
 
 QString rgbText(int rgb)
@@ -100,4 +79,4 @@ QString rgbText(int rgb)
     return u"#%1"_s.arg(quint32(rgb) & 0xffffffU, 6, 16, QChar(u'0')).toUpper();
 }
 
-} // namespace zrsupply
+} // namespace ZrSupplyKit

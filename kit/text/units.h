@@ -1,30 +1,31 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
-#include "text/answer.h"
+#include "zrsupplykit_global.h"
 
-namespace zrsupply {
+#include <QtCore/QString>
 
-// A value and its unit, as a person reads it. JSON keeps the library's own number, -1 for what it does not know.
+namespace ZrSupplyKit {
 
+// A value with its unit, as a person reads it. `absent` stands for the library's -1, which is a value that it does
+// not know.
+
+/// What stands for an unknown value where the caller names nothing else.
 inline const QString notKnown = QStringLiteral("not known");
 
-/// "4 3/16 in", sixteenths as a fraction, anything else in decimals.
-QString inchText(double inches);
-
+/// At most `decimals` digits after the point, without zeros at the end.
+ZRSUPPLYKIT_EXPORT QString decimalText(double value, int decimals);
+/// "4 3/16 in": sixteenths below 1000 inches as a fraction, anything else with up to four decimals.
+ZRSUPPLYKIT_EXPORT QString inchText(double inches);
 /// "4 3/16 in (106.4 mm)"
-Cell widthCell(double inches, const QString &absent = notKnown);
+ZRSUPPLYKIT_EXPORT QString widthText(double inches, const QString &absent = notKnown);
 /// "1200 in (100 ft)"
-Cell lengthCell(double inches, const QString &absent = notKnown);
-Cell numberCell(int number, const QString &absent = notKnown);
-/// "12 Polyester"
-Cell codeCell(int code, const QString &name);
-/// A patch, "#FFD000" and the name.
-Cell colorCell(int rgb, const QString &name = {}, const QString &absent = notKnown);
-Cell textCell(const QString &text, const QString &absent = notKnown);
-Cell yesNoCell(bool yes);
+ZRSUPPLYKIT_EXPORT QString lengthText(double inches, const QString &absent = notKnown);
+/// "7"
+ZRSUPPLYKIT_EXPORT QString numberText(int number, const QString &absent = notKnown);
+/// "12 Polyester"; the code alone without a name.
+ZRSUPPLYKIT_EXPORT QString codeText(int code, const QString &name);
+/// "#FFD000" of a packed RGB value.
+ZRSUPPLYKIT_EXPORT QString rgbText(int rgb);
 
-/// "#FFD000"
-QString rgbText(int rgb);
-
-} // namespace zrsupply
+} // namespace ZrSupplyKit

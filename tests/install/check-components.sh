@@ -21,13 +21,13 @@ files_of() {
 
 cmake --install "$build" --prefix "$work/all" >all.log 2>&1 || fail "the install step" all.log
 files_of all >all.txt
-for component in Runtime Development Guard Tools Panel; do
+for component in Runtime Development Guard Kit Tools Panel; do
     cmake --install "$build" --prefix "$work/$component" --component "$component" >"$component.log" 2>&1 ||
         fail "component $component does not install" "$component.log"
     mkdir -p "$component"
     files_of "$component" >"$component.txt"
 done
-cat Runtime.txt Development.txt Guard.txt Tools.txt Panel.txt | sort >together.txt
+cat Runtime.txt Development.txt Guard.txt Kit.txt Tools.txt Panel.txt | sort >together.txt
 diff -u all.txt together.txt >difference.txt || fail "the components together are not the whole" difference.txt
 
 # only COMPONENT REGEX: every file of the component is such a file, and there are some.
@@ -38,5 +38,6 @@ only() {
 only Runtime '^lib.*/lib(zrsupplydatabase|CuteLogger)\.so\.[0-9.]+$|^share/(licenses|sbom)/'
 only Development '^include/|^lib.*/(lib[a-zA-Z]+\.so|cmake/.*|pkgconfig/.*)$|^share/doc/'
 only Guard '^lib.*/libzrsupplyguard\.so\.[0-9.]+$'
+only Kit '^lib.*/libzrsupplykit\.so\.[0-9.]+$'
 only Tools '^bin/zrsupply$|^share/(man|bash-completion|zsh|fish|zrsupplydatabase)/'
 [ ! -s Panel.txt ] || only Panel '^bin/zrsupply-panel$|^share/(applications|icons)/'

@@ -25,7 +25,8 @@ remembered=$(grep -rlF -e "$build" "$prefix" --include='*.cmake' --include='*.pc
 
 for file in include/zrsupplydatabase/zrsupplydatabase.h include/zrsupplydatabase/zrsupplydatabase_global.h \
     include/zrsupplydatabase/tag/supplyc.h share/zrsupplydatabase/sample.sqlite bin/zrsupply \
-    share/licenses/zrsupplydatabase/LICENSE; do
+    share/licenses/zrsupplydatabase/LICENSE include/zrsupplykit/zrsupplykit_global.h \
+    include/zrsupplykit/reasons/reasons.h; do
     [ -f "$prefix/$file" ] || fail "$file is not installed"
 done
 private=$(find "$prefix" -name '*_p.h')

@@ -8,7 +8,7 @@
 #include <limits>
 
 using namespace Qt::Literals::StringLiterals;
-using namespace zrsupply;
+using namespace ZrSupplyKit;
 
 class MarkerSuppliesTest : public QObject
 {

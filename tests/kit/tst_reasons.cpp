@@ -10,7 +10,7 @@
 #include <QtTest/QTest>
 
 using namespace Qt::Literals::StringLiterals;
-using namespace zrsupply;
+using namespace ZrSupplyKit;
 
 namespace {
 
@@ -208,7 +208,7 @@ void ReasonsTest::gatheringIsSilent()
     library.database.setRibbonIds({u"1"_s, u"20"_s});
     library.recorder.take();
     judge(gatherInstalled(library.database));
-    installedAnswer(library.database);
+    installedSupplies(library.database);
     QVERIFY(library.recorder.take().isEmpty());
 }
 

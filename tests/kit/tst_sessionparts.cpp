@@ -2,10 +2,10 @@
 // What a session is made of: words, values, calls by name, the recorder of all signals, expectations.
 
 #include "cli/command.h"
+#include "cli/sessionhelp.h"
 #include "session/expectation.h"
 #include "session/literal.h"
 #include "session/methodcall.h"
-#include "session/sessionhelp.h"
 #include "session/signalrecorder.h"
 
 #include <zrsupplydatabase.h>
@@ -17,6 +17,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 using namespace zrsupply;
+using namespace ZrSupplyKit;
 
 namespace {
 

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "tag/tagfields.h"
 
+#include <tag/taglayout_p.h>
+
 #include <QtTest/QtTest>
 
 #include <random>
 
 using namespace Qt::Literals::StringLiterals;
-using namespace zrsupply;
+using namespace ZrSupplyKit;
 
 namespace {
 
@@ -92,9 +94,9 @@ void TestTagEncode::randomFieldsComeBack()
         const TagLayout layout(format, revision);
         TagValues values;
         for (const TagField &field : tagFields()) {
-            const taglayout::Field *bits = tagBitsOf(field, layout);
+            const std::optional<TagBitRange> bits = tagBitsOf(field, layout);
             int value = valueWhenNotCarried(field, layout, format);
-            if (bits != nullptr) {
+            if (bits) {
                 const int smallest = smallestValue(field);
                 value = smallest + int(random() % quint32(largestValue(field, *bits) - smallest + 1));
                 ++carriedFields;
@@ -134,9 +136,10 @@ void TestTagEncode::range_data()
 
     for (const LayoutRow &layout : layouts) {
         for (const TagField &field : tagFields()) {
-            const taglayout::Field *bits = tagBitsOf(field, TagLayout(layout.formatEnum, layout.tagRevision));
+            const std::optional<TagBitRange> bits =
+                tagBitsOf(field, TagLayout(layout.formatEnum, layout.tagRevision));
             // These two choose the layout, so their limits are rows of their own below.
-            if (bits == nullptr || field.member == "formatEnum"_L1 || field.member == "tagRevision"_L1)
+            if (!bits || field.member == "formatEnum"_L1 || field.member == "tagRevision"_L1)
                 continue;
             const int smallest = smallestValue(field);
             const int largest = largestValue(field, *bits);
@@ -188,7 +191,7 @@ void TestTagEncode::notCarried_data()
     for (const LayoutRow &layout : layouts) {
         const TagLayout chosen(layout.formatEnum, layout.tagRevision);
         for (const TagField &field : tagFields()) {
-            if (tagBitsOf(field, chosen) == nullptr) {
+            if (!tagBitsOf(field, chosen)) {
                 QTest::addRow("%s, %s", layout.name, qPrintable(field.name()))
                     << layoutValues(layout) << field.member << valueWhenNotCarried(field, chosen, layout.formatEnum);
             }

@@ -156,10 +156,10 @@ void PanelActsTest::wrongRibbon()
     QCOMPARE(panel->banners()->title(), u"Ribbon 2 does not suit the roll"_s);
     const panel::Banner banner = panel.banner(u"combination"_s);
     // The reason is that of zrsupply explain.
-    const QList<zrsupply::Verdict> verdicts = zrsupply::judge(zrsupply::gatherInstalled(panel->library()));
+    const QList<ZrSupplyKit::Verdict> verdicts = ZrSupplyKit::judge(ZrSupplyKit::gatherInstalled(panel->library()));
     QStringList fired;
-    for (const zrsupply::Finding &finding : verdicts.constFirst().findings) {
-        if (finding.outcome == zrsupply::Outcome::Fires)
+    for (const ZrSupplyKit::Finding &finding : verdicts.constFirst().findings) {
+        if (finding.outcome == ZrSupplyKit::Outcome::Fires)
             fired.append(finding.says);
     }
     QCOMPARE(banner.reason, fired.join(u"; "_s));
@@ -466,18 +466,18 @@ void PanelActsTest::runsTheChecks()
                           u"notifySupplyWidth false"_s, panel.logged(u"signal"_s).last()}));
     QVERIFY(panel.logged(u"signal"_s).last().startsWith(u"notifyRibbonTensions "_s));
     QCOMPARE(panel.banner(u"clear-tail"_s).title, u"Clear tail: needed for ribbon 2"_s);
-    for (const zrsupply::CheckName &name : zrsupply::checkNames())
+    for (const ZrSupplyKit::CheckName &name : ZrSupplyKit::checkNames())
         QVERIFY2(!panel.banner(name.word).title.isEmpty(), qPrintable(name.word));
 }
 
 void PanelActsTest::noneSuits()
 {
     PanelFixture panel;
-    zrsupply::RollFacts roll = zrsupply::gatherRoll(panel->library(), u"00144463"_s);
-    QCOMPARE(panel::ribbonsThatSuit(panel->library(), roll).size(), 2);
+    ZrSupplyKit::RollFacts roll = ZrSupplyKit::gatherRoll(panel->library(), u"00144463"_s);
+    QCOMPARE(ZrSupplyKit::ribbonsThatSuit(panel->library(), roll, 2).size(), 2);
     roll.material.value = -1;
     roll.sku = u"no such roll"_s;
-    QVERIFY(panel::ribbonsThatSuit(panel->library(), roll).isEmpty());
+    QVERIFY(ZrSupplyKit::ribbonsThatSuit(panel->library(), roll, 2).isEmpty());
 }
 
 QTEST_MAIN(PanelActsTest)

@@ -2,14 +2,17 @@
 #include "cli/command.h"
 #include "cli/output.h"
 #include "tag/tagfields.h"
-#include "text/answer.h"
+
+#include "cli/answer.h"
+#include "cli/cells.h"
 #include "text/nearest.h"
-#include "text/units.h"
+#include <tag/taglayout_p.h>
 
 #include <QtTest/QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace zrsupply;
+using namespace ZrSupplyKit;
 
 /// What the verbs are made of.
 class TestZrsupplyParts : public QObject

@@ -21,8 +21,8 @@ package() {
     echo "$1"
 }
 
-runtime="libzrsupplydatabase1 libzrsupplydatabase-cutelogger1 libzrsupplyguard1 zrsupply zrsupply-panel
-    zrsupplydatabase-catalogue"
+runtime="libzrsupplydatabase1 libzrsupplydatabase-cutelogger1 libzrsupplyguard1 libzrsupplykit1 zrsupply
+    zrsupply-panel zrsupplydatabase-catalogue"
 all="$runtime libzrsupplydatabase-dev libzrsupplydatabase-cutelogger-dev zrsupplydatabase-doc"
 for name in $all; do dpkg-deb -x "$(package "$name")" "$work/root"; done
 

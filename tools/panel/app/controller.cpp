@@ -3,8 +3,6 @@
 
 #include "models/remaining.h"
 
-#include <supplyconstants_p.h>
-
 #include <QtCore/QFileInfo>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPalette>
@@ -139,7 +137,7 @@ void Controller::refreshBanners()
     m_banners.setBanners(Banners::of(library(), !m_host.cataloguePath().isEmpty()));
 }
 
-void Controller::mishap(const QString &title, const zrsupply::Failure &failure)
+void Controller::mishap(const QString &title, const ZrSupplyKit::Failure &failure)
 {
     m_banners.setMishap({Severity::Problem, u"mishap"_s, title, sentence(failure.message), sentence(failure.remedy)});
 }

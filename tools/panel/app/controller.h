@@ -123,7 +123,7 @@ private:
     void refreshBanners();
     void reinstall();
     void takeOut();
-    void mishap(const QString &title, const zrsupply::Failure &failure);
+    void mishap(const QString &title, const ZrSupplyKit::Failure &failure);
     QString ribbonId(const QString &sku);
 
     SupplyHost m_host;

@@ -3,7 +3,8 @@
 
 #include "cli/catalogue.h"
 #include "session/literal.h"
-#include <supplyconstants_p.h>
+#include "supplies/installed.h"
+#include "tag/tagfields.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -15,7 +16,7 @@
 namespace panel {
 
 using namespace Qt::Literals::StringLiterals;
-using zrsupply::Status;
+using ZrSupplyKit::Status;
 
 namespace {
 
@@ -25,7 +26,7 @@ QString word(const QString &text)
     const bool isPlain = !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) {
         return c.unicode() < 0x80 && (c.isLetterOrNumber() || c == u'-');
     });
-    return isPlain ? text : zrsupply::literal(text);
+    return isPlain ? text : ZrSupplyKit::literal(text);
 }
 
 const QString stationName(int station)
@@ -63,7 +64,7 @@ void Controller::reinstall()
     if (library().supplyId() != unsetString)
         act(u"roll "_s + word(library().supplyId()));
     if (m_ribbon1.isInstalled() || m_ribbon2.isInstalled())
-        act(u"call supplySetRibbonSKUs "_s + zrsupply::literal(library().supplyRibbonSKUs()));
+        act(u"call supplySetRibbonSKUs "_s + ZrSupplyKit::literal(library().supplyRibbonSKUs()));
 }
 
 void Controller::loadRoll(const QString &sku)
@@ -73,7 +74,7 @@ void Controller::loadRoll(const QString &sku)
             .getSingleVariantByQuery(u"SELECT supplyId FROM roll WHERE itemNum="_s + zrsupply::sqlText(sku), {})
             .toString();
     // Behind the id a catalogue roll's tag is zero.
-    act(u"roll "_s + word(id.isEmpty() ? id : id.leftJustified(supply::tagDigits, u'0')));
+    act(u"roll "_s + word(id.isEmpty() ? id : id.leftJustified(ZrSupplyKit::tagDigitCount, u'0')));
     // Rolls that share an id have one tag, of which the library makes one SKU; this one was chosen.
     if (library().supplySKU() != sku) {
         act(u"call setSupplySKU "_s + word(sku));
@@ -95,7 +96,7 @@ void Controller::showInstalledTag()
 
 QString Controller::ribbonId(const QString &sku)
 {
-    const QString id = sku == unsetString ? QString() : zrsupply::gatherRibbon(library(), sku).id;
+    const QString id = sku == unsetString ? QString() : ZrSupplyKit::gatherRibbon(library(), sku).id;
     return id.isEmpty() ? unsetString : id;
 }
 
@@ -123,14 +124,14 @@ void Controller::chooseLanguage(int row)
         return;
     act(u"language %1"_s.arg(known.at(row).id));
     // The names of a tag are those of the language in which it was read.
-    if (supply::answersFromTag(library().supplySKU()))
+    if (ZrSupplyKit::answersFromTag(library().supplySKU()))
         act(u"roll "_s + word(library().supplyId()));
 }
 
 void Controller::choosePrinter(int row)
 {
     const QString name = row > 0 ? printers().value(row) : QString();
-    act(u"call printerChangedSignal "_s + zrsupply::literal(name));
+    act(u"call printerChangedSignal "_s + ZrSupplyKit::literal(name));
 }
 
 void Controller::runChecks()

@@ -3,6 +3,8 @@
 
 #include "check/cataloguecheck.h"
 
+#include <QtSql/QSqlDatabase>
+
 #include <utility>
 
 namespace panel {
@@ -22,34 +24,35 @@ SupplyHost::~SupplyHost() = default;
 void SupplyHost::startSession(const QString &catalogue)
 {
     m_startCatalogue = catalogue;
-    m_session = std::make_unique<zrsupply::SessionHost>(m_library, m_startCatalogue);
+    m_session = std::make_unique<ZrSupplyKit::SessionHost>(m_library, m_startCatalogue, QString(),
+                                                           &QSqlDatabase::removeDatabase);
     m_session->addTranscript(m_log);
     m_session->addTranscript(*this);
 }
 
-std::optional<zrsupply::Failure> SupplyHost::openCatalogue(const QString &path)
+std::optional<ZrSupplyKit::Failure> SupplyHost::openCatalogue(const QString &path)
 {
     if (auto problem = zrsupply::catalogueProblem(path))
         return problem;
     // A session plays on the catalogue that it is started with, so the first one is not an event of it.
     if (!m_session) {
         if (!m_library.setup(path)) {
-            return zrsupply::Failure{zrsupply::Status::Failed,
-                                     tr("%1 cannot be opened").arg(path),
-                                     tr("try again; it could be read a moment ago"),
-                                     {}};
+            return ZrSupplyKit::Failure{ZrSupplyKit::Status::Failed,
+                                        tr("%1 cannot be opened").arg(path),
+                                        tr("try again; it could be read a moment ago"),
+                                        {}};
         }
         m_cataloguePath = path;
         startSession(path);
         Q_EMIT stateChanged();
         return {};
     }
-    return run(u"catalogue "_s + zrsupply::literal(path));
+    return run(u"catalogue "_s + ZrSupplyKit::literal(path));
 }
 
-std::optional<zrsupply::Failure> SupplyHost::run(const QString &line, int number)
+std::optional<ZrSupplyKit::Failure> SupplyHost::run(const QString &line, int number)
 {
-    std::optional<zrsupply::Failure> problem;
+    std::optional<ZrSupplyKit::Failure> problem;
     if (!m_session) {
         // Without a catalogue everything is answered from defaults, and a replay has to do without one too.
         startSession({});
@@ -57,7 +60,7 @@ std::optional<zrsupply::Failure> SupplyHost::run(const QString &line, int number
     }
     try {
         m_session->run(number, line);
-    } catch (const zrsupply::Failure &failure) {
+    } catch (const ZrSupplyKit::Failure &failure) {
         problem = failure;
     }
     if (std::exchange(m_onlyMileage, false))
@@ -75,7 +78,7 @@ bool SupplyHost::takeEnd()
     return true;
 }
 
-void SupplyHost::call(const zrsupply::MethodCall &call)
+void SupplyHost::call(const ZrSupplyKit::MethodCall &call)
 {
     const QString name = call.name();
     const QVariant first = call.arguments.value(0);
@@ -94,7 +97,7 @@ void SupplyHost::call(const zrsupply::MethodCall &call)
     }
 }
 
-void SupplyHost::begin(const zrsupply::SessionEvent &event)
+void SupplyHost::begin(const ZrSupplyKit::SessionEvent &event)
 {
     // Closing is the one thing that a session does outside of the library's methods.
     if (event.word == "catalogue"_L1 && event.arguments.constFirst().raw == "closed"_L1)

@@ -16,7 +16,7 @@ namespace panel {
 
 /// The library and the one way in which the panel acts on it: lines of a session, so that whatever a person does is
 /// logged, can be saved and can be played again.
-class SupplyHost : public QObject, private zrsupply::Transcript
+class SupplyHost : public QObject, private ZrSupplyKit::Transcript
 {
     Q_OBJECT
 public:
@@ -36,9 +36,9 @@ public:
     QString printer() const { return m_printer; }
 
     /// Looks at the file before the library does; nothing is called and nothing changes when it cannot be used.
-    std::optional<zrsupply::Failure> openCatalogue(const QString &path);
+    std::optional<ZrSupplyKit::Failure> openCatalogue(const QString &path);
     /// Carries out a line of a session. `number` is for the message when it is none.
-    std::optional<zrsupply::Failure> run(const QString &line, int number = 0);
+    std::optional<ZrSupplyKit::Failure> run(const QString &line, int number = 0);
     /// Whether the last line was `quit`, and forgets it.
     bool takeEnd();
 
@@ -47,13 +47,13 @@ Q_SIGNALS:
     void fractionsChanged(); ///< Only what is left.
 
 private:
-    void call(const zrsupply::MethodCall &call) override;
-    void begin(const zrsupply::SessionEvent &event) override;
+    void call(const ZrSupplyKit::MethodCall &call) override;
+    void begin(const ZrSupplyKit::SessionEvent &event) override;
     void startSession(const QString &catalogue);
 
     ZrSupplyDatabase m_library;
     LogModel m_log;
-    std::unique_ptr<zrsupply::SessionHost> m_session;
+    std::unique_ptr<ZrSupplyKit::SessionHost> m_session;
     QString m_startCatalogue;
     QString m_cataloguePath;
     QString m_printer;

@@ -62,12 +62,12 @@ void TagReader::decode()
         m_remark = tr("%1 digits; those behind the 24th are kept and not decoded.").arg(m_text.size());
     }
 
-    const SupplyC tag(m_loadable ? m_text : QString());
-    const TagBits decoded = zrsupply::tagBitsFromText(m_loadable ? m_text : QString());
-    const zrsupply::TagLayout places(tag.formatEnum, tag.tagRevision);
-    for (const zrsupply::TagField &field : zrsupply::tagFields()) {
-        const taglayout::Field *place = zrsupply::tagBitsOf(field, places);
-        if (place == nullptr)
+    const QString decoded = m_loadable ? m_text : QString();
+    const SupplyC tag(decoded);
+    const ZrSupplyKit::TagLayout places(tag.formatEnum, tag.tagRevision);
+    for (const ZrSupplyKit::TagField &field : ZrSupplyKit::tagFields()) {
+        const std::optional<ZrSupplyKit::TagBitRange> place = ZrSupplyKit::tagBitsOf(field, places);
+        if (!place)
             continue;
         const QString value = field.flag == nullptr ? QString::number(field.value(tag))
                                                     : (field.value(tag) != 0 ? tr("yes") : tr("no"));
@@ -75,8 +75,8 @@ void TagReader::decode()
     }
     std::sort(m_allFields.begin(), m_allFields.end(),
               [](const TagFieldRow &a, const TagFieldRow &b) { return a.first < b.first; });
-    for (int bit = 0; bit < TagBits::count; ++bit)
-        m_allBits.append({bit, decoded.read(bit, 1) != 0, -1, false, false});
+    for (int bit = 0; bit < ZrSupplyKit::tagBitCount; ++bit)
+        m_allBits.append({bit, ZrSupplyKit::tagBitsValue(decoded, {bit, 1}) != 0, -1, false, false});
     for (int row = 0; row < m_allFields.size(); ++row) {
         const TagFieldRow &field = m_allFields.at(row);
         for (int bit = field.first; bit < field.first + field.width; ++bit)

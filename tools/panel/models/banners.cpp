@@ -2,8 +2,8 @@
 #include "models/banners.h"
 
 #include "models/remaining.h"
+#include "supplies/installed.h"
 
-#include <supplyconstants_p.h>
 #include <zrsupplydatabase.h>
 
 #include <algorithm>
@@ -16,14 +16,17 @@ namespace {
 
 constexpr qsizetype mostRibbonsTried = 200; // a catalogue may hold thousands, a person wants two
 constexpr qsizetype ribbonsNamed = 2;
+constexpr qsizetype supplyIdDigits = 20; // of a tag, what identifies a roll
 
 /// What the rules say that decided, else what they say at all.
-QString reasonOf(const zrsupply::Verdict &verdict)
+QString reasonOf(const ZrSupplyKit::Verdict &verdict)
 {
-    const auto fires = [](const zrsupply::Finding &finding) { return finding.outcome == zrsupply::Outcome::Fires; };
+    const auto fires = [](const ZrSupplyKit::Finding &finding) {
+        return finding.outcome == ZrSupplyKit::Outcome::Fires;
+    };
     const bool isDecided = std::any_of(verdict.findings.begin(), verdict.findings.end(), fires);
     QStringList says;
-    for (const zrsupply::Finding &finding : verdict.findings) {
+    for (const ZrSupplyKit::Finding &finding : verdict.findings) {
         if (!isDecided || fires(finding))
             says.append(finding.says);
     }
@@ -31,18 +34,18 @@ QString reasonOf(const zrsupply::Verdict &verdict)
     return sentence(says.join(u"; "_s));
 }
 
-Severity severityOf(const zrsupply::Verdict &verdict, const zrsupply::Facts &facts)
+Severity severityOf(const ZrSupplyKit::Verdict &verdict, const ZrSupplyKit::Facts &facts)
 {
     if (!verdict.good)
         return Severity::Problem;
     const bool hasRibbon = facts.ribbons[0].sku != unsetString || facts.ribbons[1].sku != unsetString;
-    return verdict.check == zrsupply::Check::Combination && hasRibbon ? Severity::Good : Severity::Info;
+    return verdict.check == ZrSupplyKit::Check::Combination && hasRibbon ? Severity::Good : Severity::Info;
 }
 
 /// What to do about a pair that does not suit.
-QString combinationRemedy(ZrSupplyDatabase &library, const zrsupply::Facts &facts)
+QString combinationRemedy(ZrSupplyDatabase &library, const ZrSupplyKit::Facts &facts)
 {
-    const QStringList suiting = ribbonsThatSuit(library, facts.roll);
+    const QStringList suiting = ZrSupplyKit::ribbonsThatSuit(library, facts.roll, ribbonsNamed, mostRibbonsTried);
     if (suiting.isEmpty())
         return Banners::tr("No ribbon of this catalogue suits the roll: load another roll.");
     return Banners::tr("Load a ribbon that suits the roll, for example %1.")
@@ -72,35 +75,15 @@ QString Banner::spoken() const
     return parts.join(u". "_s);
 }
 
-QStringList ribbonsThatSuit(ZrSupplyDatabase &library, const zrsupply::RollFacts &roll)
+Banner Banners::ofVerdict(ZrSupplyDatabase &library, const ZrSupplyKit::Verdict &verdict,
+                          const ZrSupplyKit::Facts &facts)
 {
-    QStringList found;
-    const QStringList all = library.supplyRibbonSKUList();
-    for (const QString &sku : all.mid(0, mostRibbonsTried)) {
-        if (supply::isSpecialRibbon(sku))
-            continue;
-        zrsupply::Facts facts;
-        facts.roll = roll;
-        facts.ribbons[0] = zrsupply::gatherRibbon(library, sku);
-        facts.ribbons[1] = facts.ribbons[0];
-        facts.pairs[0] = zrsupply::gatherPair(library, facts.ribbons[0], roll);
-        facts.pairs[1] = facts.pairs[0];
-        if (zrsupply::judge(zrsupply::Check::Combination, facts).good)
-            found.append(sku);
-        if (found.size() == ribbonsNamed)
-            break;
-    }
-    return found;
-}
-
-Banner Banners::ofVerdict(ZrSupplyDatabase &library, const zrsupply::Verdict &verdict, const zrsupply::Facts &facts)
-{
-    const zrsupply::CheckName &name = zrsupply::nameOf(verdict.check);
+    const ZrSupplyKit::CheckName &name = ZrSupplyKit::nameOf(verdict.check);
     Banner banner;
     banner.severity = severityOf(verdict, facts);
     banner.subject = name.word;
-    banner.title = verdict.check == zrsupply::Check::Combination ? sentence(verdict.summary)
-                                                                 : u"%1: %2"_s.arg(name.title, verdict.summary);
+    banner.title = verdict.check == ZrSupplyKit::Check::Combination ? sentence(verdict.summary)
+                                                                    : u"%1: %2"_s.arg(name.title, verdict.summary);
     banner.reason = reasonOf(verdict);
     if (!verdict.good)
         banner.remedy = combinationRemedy(library, facts);
@@ -129,11 +112,11 @@ std::optional<Banner> Banners::ofRoll(ZrSupplyDatabase &library)
         return Banner{Severity::Info, u"roll"_s, tr("No roll is loaded"), tr("No tag has been read yet."),
                       tr("Choose a roll, or paste a tag.")};
     }
-    if (!supply::isUnknownSupply(sku))
+    if (!ZrSupplyKit::isUnknownRoll(sku))
         return {};
     return Banner{Severity::Warning, u"roll"_s, tr("This roll is in no catalogue"),
                   tr("No roll has the supply id %1; what is shown comes from its tag.")
-                      .arg(library.supplyId().left(supply::supplyIdDigits)),
+                      .arg(library.supplyId().left(supplyIdDigits)),
                   tr("Check the tag, or open a catalogue that knows the roll.")};
 }
 
@@ -160,8 +143,8 @@ QList<Banner> Banners::of(ZrSupplyDatabase &library, bool isCatalogueOpen)
         if (const auto left = ofFraction(one.subject, one.what, one.fraction))
             banners.append(*left);
     }
-    const zrsupply::Facts facts = zrsupply::gatherInstalled(library);
-    for (const zrsupply::Verdict &verdict : zrsupply::judge(facts))
+    const ZrSupplyKit::Facts facts = ZrSupplyKit::gatherInstalled(library);
+    for (const ZrSupplyKit::Verdict &verdict : ZrSupplyKit::judge(facts))
         banners.append(ofVerdict(library, verdict, facts));
     const auto worse = [](const Banner &a, const Banner &b) { return a.severity > b.severity; };
     // What is worth a look comes first; a good pair is told before what is merely known.

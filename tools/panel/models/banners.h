@@ -38,8 +38,8 @@ public:
     /// The worst first; never empty.
     static QList<Banner> of(ZrSupplyDatabase &library, bool isCatalogueOpen);
 
-    static Banner ofVerdict(ZrSupplyDatabase &library, const zrsupply::Verdict &verdict,
-                            const zrsupply::Facts &facts);
+    static Banner ofVerdict(ZrSupplyDatabase &library, const ZrSupplyKit::Verdict &verdict,
+                            const ZrSupplyKit::Facts &facts);
     /// Of something that is low or empty; nothing for what is not.
     static std::optional<Banner> ofFraction(const QString &subject, const QString &what, double fraction);
     /// Of a roll that is missing or in no catalogue; nothing for any other.
@@ -48,7 +48,4 @@ public:
 
 /// With a capital at its beginning.
 QString sentence(QString text);
-/// Ribbons of the catalogue that suit the roll, at most two.
-QStringList ribbonsThatSuit(ZrSupplyDatabase &library, const zrsupply::RollFacts &roll);
-
 } // namespace panel

@@ -4,8 +4,8 @@
 #include "models/installedroll.h"
 #include "models/remaining.h"
 
+#include "supplies/installed.h"
 #include "text/units.h"
-#include <supplyconstants_p.h>
 #include <zrsupplydatabase.h>
 
 #include <algorithm>
@@ -21,7 +21,7 @@ QString parameterText(const QVariantList &values, int panels)
 {
     QStringList texts;
     for (const QVariant &value : values.mid(0, std::clamp(panels, 1, 2)))
-        texts.append(zrsupply::numberCell(value.toInt(), InstalledRibbon::tr("none")).text);
+        texts.append(ZrSupplyKit::numberText(value.toInt(), InstalledRibbon::tr("none")));
     texts.removeDuplicates();
     return texts.join(u" · "_s);
 }
@@ -30,7 +30,7 @@ QString parameterText(const QVariantList &values, int panels)
 
 QString ribbonName(ZrSupplyDatabase &library, const QString &sku)
 {
-    if (supply::isSpecialRibbon(sku))
+    if (ZrSupplyKit::isSpecialRibbon(sku))
         return InstalledRibbon::tr("Special ribbon");
     QStringList words = library.supplyRibbonColorNames(sku);
     words.removeAll(QString());
@@ -42,7 +42,7 @@ QString ribbonDescription(ZrSupplyDatabase &library, const QString &sku)
 {
     QStringList parts;
     if (const double width = library.supplyRibbonWidth(sku); width > 0.0)
-        parts.append(InstalledRibbon::tr("%1 wide").arg(zrsupply::inchText(width)));
+        parts.append(InstalledRibbon::tr("%1 wide").arg(ZrSupplyKit::inchText(width)));
     if (const int panels = library.supplyRibbonPanels(sku); panels > 1)
         parts.append(InstalledRibbon::tr("%1 panels").arg(panels));
     return parts.join(", "_L1);

@@ -4,8 +4,8 @@
 #include "models/remaining.h"
 
 #include "reasons/reasons.h"
+#include "supplies/installed.h"
 #include "text/units.h"
-#include <supplyconstants_p.h>
 #include <zrsupplydatabase.h>
 
 #include <cmath>
@@ -15,6 +15,8 @@ namespace panel {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+constexpr double inchesPerFoot = 12.0;
 
 /// The type index with what it stands for.
 QString typeText(int type)
@@ -52,12 +54,12 @@ QString rollDescription(ZrSupplyDatabase &library, const QString &sku)
 {
     QStringList parts;
     if (const double width = library.supplyWidth(sku); width > 0.0)
-        parts.append(InstalledRoll::tr("%1 wide").arg(zrsupply::inchText(width)));
+        parts.append(InstalledRoll::tr("%1 wide").arg(ZrSupplyKit::inchText(width)));
     if (const double label = library.supplyNonContinuousLength(sku); label > 0.0)
-        parts.append(InstalledRoll::tr("labels of %1").arg(zrsupply::inchText(label)));
+        parts.append(InstalledRoll::tr("labels of %1").arg(ZrSupplyKit::inchText(label)));
     if (const double stripe = library.supplySecColorWidth(sku); stripe > 0.0) {
         parts.append(
-            InstalledRoll::tr("%1 stripe of %2").arg(library.supplySecColorName(sku), zrsupply::inchText(stripe)));
+            InstalledRoll::tr("%1 stripe of %2").arg(library.supplySecColorName(sku), ZrSupplyKit::inchText(stripe)));
     }
     if (const int across = library.supplyMultiUpCount(sku); across > 1)
         parts.append(InstalledRoll::tr("%1 across").arg(across));
@@ -72,7 +74,7 @@ InstalledRoll::InstalledRoll(QObject *parent)
 void InstalledRoll::refresh(ZrSupplyDatabase &library, const QString &printer)
 {
     m_sku = library.supplySKU();
-    m_known = !supply::isUnknownSupply(m_sku);
+    m_known = !ZrSupplyKit::isUnknownRoll(m_sku);
     m_installed = m_sku != unsetString || library.supplyId() != unsetString;
     m_title = m_installed ? rollName(library, m_sku) : tr("No roll");
     if (m_title.isEmpty())
@@ -122,12 +124,12 @@ void InstalledRoll::refreshFacts(ZrSupplyDatabase &library, const QString &print
         return;
     }
     const auto inches = [](double value) {
-        return value > 0.0 ? zrsupply::inchText(value) : InstalledRoll::tr("not known");
+        return value > 0.0 ? ZrSupplyKit::inchText(value) : InstalledRoll::tr("not known");
     };
     QList<Fact> rows = {
         {tr("SKU"), m_known ? m_sku : tr("in no catalogue")},
         {tr("Width"), inches(m_shape.width)},
-        {tr("Length"), m_lengthInches > 0.0 ? zrsupply::lengthCell(m_lengthInches).text : tr("not known")},
+        {tr("Length"), m_lengthInches > 0.0 ? ZrSupplyKit::lengthText(m_lengthInches) : tr("not known")},
         {tr("Format"), library.supplyFormatName(m_sku)},
         {tr("Type"), typeText(library.supplyTypeIndex(m_sku, printer))},
     };
@@ -141,7 +143,7 @@ void InstalledRoll::refreshFacts(ZrSupplyDatabase &library, const QString &print
     }
     if (m_shape.stripe > 0.0)
         rows.append({tr("Stripe"), u"%1, %2"_s.arg(library.supplySecColorName(m_sku), inches(m_shape.stripe))});
-    rows.append({tr("Sensor"), zrsupply::gatherRoll(library, m_sku).sensorText});
+    rows.append({tr("Sensor"), ZrSupplyKit::gatherRoll(library, m_sku).sensorText});
     rows.append({tr("Tag"), library.supplyId()});
     for (Fact &fact : rows) {
         if (fact.text.isEmpty())
@@ -165,7 +167,7 @@ QString InstalledRoll::remainingLength() const
     const Remaining remaining(m_fraction);
     if (remaining.level() == Remaining::Level::Unknown || m_lengthInches <= 0.0)
         return tr("the mileage is not known");
-    const double feet = m_lengthInches / supply::inchesPerFoot;
+    const double feet = m_lengthInches / inchesPerFoot;
     return tr("%1 of %2 ft").arg(QString::number(remaining.share() * feet, 'f', 0), QString::number(feet, 'f', 0));
 }
 

@@ -15,7 +15,7 @@ constexpr qint64 shortestPauseMs = 50;
 constexpr int rowsDroppedAtOnce = 500;
 constexpr qsizetype longestValue = 400; // a picture or the list of all SKUs; the session keeps the whole
 
-bool isAbout(const zrsupply::SessionEvent &event, QLatin1StringView word)
+bool isAbout(const ZrSupplyKit::SessionEvent &event, QLatin1StringView word)
 {
     return event.word == word;
 }
@@ -95,7 +95,7 @@ QString LogModel::session() const
     return m_session.isEmpty() ? QString() : m_session.join(u'\n') + u'\n';
 }
 
-void LogModel::begin(const zrsupply::SessionEvent &event)
+void LogModel::begin(const ZrSupplyKit::SessionEvent &event)
 {
     if (isAbout(event, "expect"_L1))
         return;
@@ -114,24 +114,24 @@ void LogModel::begin(const zrsupply::SessionEvent &event)
 void LogModel::answer(const QVariant &answer)
 {
     // Of an event that calls several methods the last answer can be expected.
-    m_answer = zrsupply::Expectation::lineForAnswer(answer);
-    add(u"answer"_s, zrsupply::literal(answer));
+    m_answer = ZrSupplyKit::Expectation::lineForAnswer(answer);
+    add(u"answer"_s, ZrSupplyKit::literal(answer));
 }
 
-void LogModel::signal(const zrsupply::SignalRecord &record)
+void LogModel::signal(const ZrSupplyKit::SignalRecord &record)
 {
-    m_signals.append(zrsupply::Expectation::lineFor(record));
-    add(u"signal"_s, zrsupply::signalText(record));
+    m_signals.append(ZrSupplyKit::Expectation::lineFor(record));
+    add(u"signal"_s, ZrSupplyKit::signalText(record));
 }
 
-void LogModel::met(const zrsupply::Expectation &expectation)
+void LogModel::met(const ZrSupplyKit::Expectation &expectation)
 {
     add(u"met"_s, expectation.text());
 }
 
-void LogModel::shown(const zrsupply::Answer &, const QVariant &state)
+void LogModel::shown(const ZrSupplyKit::Installed &, const QVariant &state)
 {
-    m_answer = zrsupply::Expectation::lineForAnswer(state);
+    m_answer = ZrSupplyKit::Expectation::lineForAnswer(state);
 }
 
 void LogModel::note(const QString &text)
@@ -140,14 +140,14 @@ void LogModel::note(const QString &text)
         add(u"note"_s, line);
 }
 
-void LogModel::end(const zrsupply::SessionEvent &event)
+void LogModel::end(const ZrSupplyKit::SessionEvent &event)
 {
     if (isAbout(event, "expect"_L1) || isAbout(event, "help"_L1))
         return;
     if (!m_answer.isEmpty())
         m_session.append(m_answer);
     m_session.append(m_signals);
-    m_session.append(zrsupply::Expectation::lineForSilence());
+    m_session.append(ZrSupplyKit::Expectation::lineForSilence());
     m_answer.clear();
     m_signals.clear();
 }

@@ -19,7 +19,7 @@ struct LogRow
 };
 
 /// Every act and all that came back, in the order of arrival; also as a session that replays.
-class LogModel : public QAbstractListModel, public zrsupply::Transcript
+class LogModel : public QAbstractListModel, public ZrSupplyKit::Transcript
 {
     Q_OBJECT
     QML_ANONYMOUS
@@ -43,13 +43,13 @@ public:
     /// The text of a session file: what happened, how long it took, and what came back as expectations.
     QString session() const;
 
-    void begin(const zrsupply::SessionEvent &event) override;
+    void begin(const ZrSupplyKit::SessionEvent &event) override;
     void answer(const QVariant &answer) override;
-    void signal(const zrsupply::SignalRecord &record) override;
-    void met(const zrsupply::Expectation &expectation) override;
-    void shown(const zrsupply::Answer &answer, const QVariant &state) override;
+    void signal(const ZrSupplyKit::SignalRecord &record) override;
+    void met(const ZrSupplyKit::Expectation &expectation) override;
+    void shown(const ZrSupplyKit::Installed &installed, const QVariant &state) override;
     void note(const QString &text) override;
-    void end(const zrsupply::SessionEvent &event) override;
+    void end(const ZrSupplyKit::SessionEvent &event) override;
 
 Q_SIGNALS:
     void eventsChanged();

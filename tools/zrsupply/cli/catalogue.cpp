@@ -3,6 +3,7 @@
 
 #include "check/cataloguecheck.h"
 #include "text/nearest.h"
+#include "usekit.h"
 
 #include <zrsupplyguard.h>
 

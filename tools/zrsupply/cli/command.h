@@ -2,6 +2,7 @@
 #pragma once
 
 #include "text/failure.h"
+#include "usekit.h"
 
 #include <QtCore/QList>
 #include <QtCore/QString>

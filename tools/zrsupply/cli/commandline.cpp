@@ -4,6 +4,7 @@
 #include "cli/help.h"
 #include "cli/output.h"
 #include "text/nearest.h"
+#include "usekit.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "cli/answer.h"
 #include "cli/command.h"
-#include "text/answer.h"
 
 namespace zrsupply {
 

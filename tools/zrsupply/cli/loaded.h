@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #pragma once
 
+#include "cli/answer.h"
 #include "cli/catalogue.h"
-#include "text/answer.h"
 
 /// What a command line says is loaded: --roll SKU|TAG, and up to two ribbons behind --ribbons or as arguments.
 namespace zrsupply {

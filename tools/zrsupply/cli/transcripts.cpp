@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "cli/transcripts.h"
 
+#include "cli/installedtext.h"
+#include "cli/sessionhelp.h"
+
+#include <zrsupplydatabase.h>
+
 #include <QtCore/QCoreApplication>
 
 namespace zrsupply {
@@ -97,9 +102,14 @@ void TextTranscript::met(const Expectation &expectation)
     line(u"ok"_s, shortened(expectation.text()));
 }
 
-void TextTranscript::shown(const Answer &answer, const QVariant &)
+void TextTranscript::shown(const Installed &installed, const QVariant &)
 {
-    m_out.write(answer);
+    m_out.write(installedAnswer(installed));
+}
+
+void TextTranscript::help(const QString &about)
+{
+    note(sessionHelp(about, ZrSupplyDatabase::staticMetaObject));
 }
 
 void TextTranscript::note(const QString &text)
@@ -151,9 +161,14 @@ void JsonTranscript::met(const Expectation &expectation)
     write("met"_L1, {{u"expected"_s, expectation.text()}});
 }
 
-void JsonTranscript::shown(const Answer &answer, const QVariant &)
+void JsonTranscript::shown(const Installed &installed, const QVariant &)
 {
-    write("show"_L1, answer.toJson());
+    write("show"_L1, toJson(installed));
+}
+
+void JsonTranscript::help(const QString &about)
+{
+    note(sessionHelp(about, ZrSupplyDatabase::staticMetaObject));
 }
 
 void JsonTranscript::note(const QString &text)
@@ -216,7 +231,7 @@ void Recording::signal(const SignalRecord &record)
     m_signals.append(Expectation::lineFor(record));
 }
 
-void Recording::shown(const Answer &, const QVariant &state)
+void Recording::shown(const Installed &, const QVariant &state)
 {
     m_answer = Expectation::lineForAnswer(state);
 }

@@ -3,6 +3,7 @@
 
 #include "cli/output.h"
 #include "session/sessionhost.h"
+#include "usekit.h"
 
 #include <QtCore/QFile>
 
@@ -22,7 +23,8 @@ public:
     void signal(const SignalRecord &record) override;
     void silence() override;
     void met(const Expectation &expectation) override;
-    void shown(const Answer &answer, const QVariant &state) override;
+    void shown(const Installed &installed, const QVariant &state) override;
+    void help(const QString &about) override;
     void note(const QString &text) override;
 
 private:
@@ -43,7 +45,8 @@ public:
     void answer(const QVariant &answer) override;
     void signal(const SignalRecord &record) override;
     void met(const Expectation &expectation) override;
-    void shown(const Answer &answer, const QVariant &state) override;
+    void shown(const Installed &installed, const QVariant &state) override;
+    void help(const QString &about) override;
     void note(const QString &text) override;
 
 private:
@@ -65,7 +68,7 @@ public:
     void begin(const SessionEvent &event) override;
     void answer(const QVariant &answer) override;
     void signal(const SignalRecord &record) override;
-    void shown(const Answer &answer, const QVariant &state) override;
+    void shown(const Installed &installed, const QVariant &state) override;
     void end(const SessionEvent &event) override;
 
 private:

@@ -5,6 +5,7 @@
 #include "cli/catalogue.h"
 #include "cli/output.h"
 #include "text/nearest.h"
+#include "usekit.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

@@ -7,7 +7,6 @@
 #include "cli/commandline.h"
 #include "cli/output.h"
 
-#include <cataloguesql_p.h>
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
@@ -95,7 +94,7 @@ void Describer::describeRows()
 {
     const QByteArray isDieCut = "itemNum IN (SELECT itemNum FROM noncontinuous)";
     const QByteArray isStriped = "itemNum IN (SELECT itemNum FROM continuousstripe WHERE secColorWidth > 0.0)";
-    const QByteArray offered = '(' + QByteArray(sql::rollSkus.data(), sql::rollSkus.size()) + ')';
+    const QByteArray offered = '(' + offeredRollsQuery() + ')';
     const qint64 rolls = count("roll");
     const qint64 dieCut = count("roll WHERE " + isDieCut);
     const qint64 striped = count("roll WHERE NOT " + isDieCut + " AND " + isStriped);

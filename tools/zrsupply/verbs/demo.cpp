@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "cli/catalogue.h"
+#include "cli/installedtext.h"
 #include "cli/output.h"
 #include "session/literal.h"
 #include "session/methodcall.h"
 #include "session/signalrecorder.h"
-#include "supplies/installed.h"
 #include "text/units.h"
+#include "usekit.h"
 
 #include <tag/supplyc.h>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "cli/cells.h"
 #include "cli/loaded.h"
 #include "cli/output.h"
-#include "session/literal.h"
 #include "supplies/installed.h"
-#include "text/units.h"
+#include "usekit.h"
 
 namespace zrsupply {
 
@@ -11,29 +11,13 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QString outcomeText(Outcome outcome)
-{
-    switch (outcome) {
-    case Outcome::Fires:
-        return u"fires"_s;
-    case Outcome::Passes:
-        return u"passes"_s;
-    case Outcome::Waived:
-        return u"waived"_s;
-    case Outcome::NotAsked:
-        break;
-    }
-    return u"not asked"_s;
-}
-
 Table findingsTable(const Verdict &verdict)
 {
-    Table table(
-        {{u"rule"_s, u"Rule"_s}, {u"ribbon"_s, u"Of"_s}, {u"outcome"_s, u"Outcome"_s}, {u"says"_s, u"Because"_s}});
+    Table table({{{}, u"Rule"_s}, {{}, u"Of"_s}, {{}, u"Outcome"_s}, {{}, u"Because"_s}});
     for (const Finding &finding : verdict.findings) {
         table.addRow({textCell(finding.rule),
                       {finding.ribbon, finding.ribbon == 0 ? u"roll"_s : u"ribbon %1"_s.arg(finding.ribbon), {}},
-                      textCell(outcomeText(finding.outcome)),
+                      textCell(wordOf(finding.outcome)),
                       textCell(finding.says)});
     }
     return table;
@@ -41,10 +25,9 @@ Table findingsTable(const Verdict &verdict)
 
 Table readingsTable(const Verdict &verdict)
 {
-    Table table({{u"name"_s, u"Value"_s}, {u"value"_s, u"Is"_s}, {u"source"_s, u"Read from"_s}});
+    Table table({{{}, u"Value"_s}, {{}, u"Is"_s}, {{}, u"Read from"_s}});
     for (const Reading &reading : verdict.readings) {
-        table.addRow(
-            {textCell(reading.name), {literalJson(reading.value), reading.text, {}}, textCell(reading.source)});
+        table.addRow({textCell(reading.name), {{}, reading.text, {}}, textCell(reading.source)});
     }
     return table;
 }
@@ -57,23 +40,6 @@ QString verdictSection(const Verdict &verdict, const Style &style)
     if (!verdict.readings.isEmpty())
         text += u'\n' + readingsTable(verdict).toText(style, 2);
     return text;
-}
-
-QJsonObject verdictJson(const Verdict &verdict)
-{
-    QJsonArray announcements;
-    for (const Announcement &announcement : verdict.announcements) {
-        QJsonArray arguments;
-        for (const QVariant &argument : announcement.arguments)
-            arguments.append(literalJson(argument));
-        announcements.append(QJsonObject{{u"signal"_s, announcement.signal}, {u"arguments"_s, arguments}});
-    }
-    return {{u"good"_s, verdict.good},
-            {u"summary"_s, verdict.summary},
-            {u"slot"_s, nameOf(verdict.check).slot},
-            {u"signals"_s, announcements},
-            {u"rules"_s, findingsTable(verdict).toJson()},
-            {u"values"_s, readingsTable(verdict).toJson()}};
 }
 
 Status run(const Invocation &call, Output &out)
@@ -97,11 +63,8 @@ Status run(const Invocation &call, Output &out)
     }
     const QList<Verdict> verdicts = judge(gatherFacts(library, roll, skus));
     if (out.json()) {
-        QJsonObject checks;
-        for (const Verdict &verdict : verdicts)
-            checks.insert(nameOf(verdict.check).word, verdictJson(verdict));
         QJsonObject object = answer.toJson();
-        object.insert(u"checks"_s, checks);
+        object.insert(u"checks"_s, toJson(verdicts));
         out.write(object);
         return Status::Ok;
     }

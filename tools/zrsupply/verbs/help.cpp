@@ -3,6 +3,7 @@
 #include "cli/commandline.h"
 #include "cli/output.h"
 #include "text/nearest.h"
+#include "usekit.h"
 
 namespace zrsupply {
 

@@ -3,6 +3,9 @@
 #include "cli/lineinput.h"
 #include "cli/output.h"
 #include "session/sessionhost.h"
+#include "usekit.h"
+
+#include <QtSql/QSqlDatabase>
 
 namespace zrsupply {
 
@@ -27,7 +30,7 @@ Status run(const Invocation &call, Output &out)
     const QString path = call.argument(0);
     Catalogue catalogue(call);
     FileInput input(path);
-    SessionHost host(catalogue.library(), catalogue.path(), path + ", "_L1);
+    SessionHost host(catalogue.library(), catalogue.path(), path + ", "_L1, &QSqlDatabase::removeDatabase);
     try {
         for (int number = 1; !host.hasEnded(); ++number) {
             const auto line = input.next();

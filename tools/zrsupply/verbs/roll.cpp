@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "cli/catalogue.h"
+#include "cli/cells.h"
 #include "cli/output.h"
-#include "text/units.h"
 
 namespace zrsupply {
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "cli/catalogue.h"
 #include "cli/lineinput.h"
+#include "cli/sessionhelp.h"
 #include "cli/transcripts.h"
-#include "session/sessionhelp.h"
 
 #include <unistd.h>
+
+#include <QtSql/QSqlDatabase>
 
 namespace zrsupply {
 
@@ -90,7 +92,8 @@ Status run(const Invocation &call, Output &out)
     const auto transcript = openTranscript(out, terminal);
     std::unique_ptr<Recording> recording;
 
-    SessionHost host(catalogue.library(), catalogue.path(), terminal || path.isEmpty() ? QString() : path + ", "_L1);
+    SessionHost host(catalogue.library(), catalogue.path(), terminal || path.isEmpty() ? QString() : path + ", "_L1,
+                     &QSqlDatabase::removeDatabase);
     host.addTranscript(*transcript);
     if (call.has(u"record"_s)) {
         recording = std::make_unique<Recording>(call.value(u"record"_s), catalogue.path(), call.language());

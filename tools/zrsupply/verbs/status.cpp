@@ -2,6 +2,7 @@
 #include "cli/loaded.h"
 #include "cli/output.h"
 #include "supplies/markersupplies.h"
+#include "usekit.h"
 
 #include <QtCore/QMetaObject>
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
+#include "cli/cells.h"
 #include "cli/commandline.h"
 #include "cli/output.h"
 #include "tag/tagfields.h"
-#include "text/units.h"
+#include "usekit.h"
 
 namespace zrsupply {
 
@@ -39,13 +40,13 @@ QString meaning(const TagField &field, const SupplyC &tag)
     return field.number == &SupplyC::tagRevision ? u"revision "_s + number : u"code "_s + number;
 }
 
-QString rangeText(const taglayout::Field &bits)
+QString rangeText(const TagBitRange &bits)
 {
     const int last = bits.first + bits.width - 1;
     return bits.width == 1 ? QString::number(bits.first) : u"%1-%2"_s.arg(bits.first).arg(last);
 }
 
-Table fieldTable(const SupplyC &tag, const TagBits &bits, const TagLayout &layout)
+Table fieldTable(const SupplyC &tag, const QString &text, const TagLayout &layout)
 {
     Table table({{u"bits"_s, u"Bits"_s, Qt::AlignRight},
                  {u"name"_s, u"Field"_s},
@@ -59,10 +60,10 @@ Table fieldTable(const SupplyC &tag, const TagBits &bits, const TagLayout &layou
         Cell range{QJsonValue::Null, u"-"_s, {}};
         Cell raw = range;
         Cell says{meaning(field, tag), u"not carried"_s, {}};
-        const taglayout::Field *row = tagBitsOf(field, layout);
-        if (row != nullptr) {
+        const std::optional<TagBitRange> row = tagBitsOf(field, layout);
+        if (row) {
             range = {QJsonArray{row->first, row->first + row->width - 1}, rangeText(*row), {}};
-            raw = numberCell(int(bits.read(row->first, row->width)));
+            raw = numberCell(int(tagBitsValue(text, *row)));
             says.text = meaning(field, tag);
         } else if (field.number == &SupplyC::typeIndex) {
             says.text = u"not carried, the format code"_s;
@@ -73,7 +74,7 @@ Table fieldTable(const SupplyC &tag, const TagBits &bits, const TagLayout &layou
              raw,
              {field.flag != nullptr ? QJsonValue(value != 0) : QJsonValue(value), QString::number(value), {}},
              says,
-             {row != nullptr, {}, {}},
+             {row.has_value(), {}, {}},
              {field.help, {}, {}}});
     }
     return table;
@@ -138,14 +139,11 @@ void addInputNotes(Answer &answer, const QString &text)
 }
 
 /// Bits without a field decode to nothing, so that encoding cannot bring them back.
-void addUnreadNote(Answer &answer, const TagBits &bits, const TagLayout &layout)
+void addUnreadNote(Answer &answer, const QString &text, const TagLayout &layout)
 {
     QStringList ranges;
-    for (const taglayout::Field &row : taglayout::fields) {
-        const bool isField = row.number != nullptr || row.flag != nullptr;
-        if (isField || !taglayout::applies(row.readWhen, layout.continuous, layout.multiUp))
-            continue;
-        const quint32 value = bits.read(row.first, row.width);
+    for (const TagBitRange &row : unreadTagBits(layout)) {
+        const quint32 value = tagBitsValue(text, row);
         if (value != 0) {
             ranges.append(
                 u"%1 (binary %2)"_s.arg(rangeText(row), QString::number(value, 2).rightJustified(row.width, u'0')));
@@ -159,15 +157,14 @@ Status run(const Invocation &call, Output &out)
 {
     const QString text = call.argument(0);
     const SupplyC tag(text);
-    const TagBits bits = tagBitsFromText(text);
     const TagLayout layout(tag.formatEnum, tag.tagRevision);
 
     Answer answer(u"Tag "_s + text);
     answer.addJson(u"input"_s, text);
     addSummary(answer, tag, layout);
-    answer.addTable(u"Fields"_s, u"fields"_s, fieldTable(tag, bits, layout));
+    answer.addTable(u"Fields"_s, u"fields"_s, fieldTable(tag, text, layout));
     addInputNotes(answer, text);
-    addUnreadNote(answer, bits, layout);
+    addUnreadNote(answer, text, layout);
     out.write(answer);
     return Status::Ok;
 }

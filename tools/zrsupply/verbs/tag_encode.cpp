@@ -2,6 +2,7 @@
 #include "cli/commandline.h"
 #include "cli/output.h"
 #include "tag/tagfields.h"
+#include "usekit.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
@@ -115,8 +116,8 @@ QString rangeHelp(const TagField &field)
 {
     for (const int format : {1, 0}) {
         for (const int revision : {0, 2}) {
-            const taglayout::Field *bits = tagBitsOf(field, TagLayout(format, revision));
-            if (bits != nullptr)
+            const std::optional<TagBitRange> bits = tagBitsOf(field, TagLayout(format, revision));
+            if (bits)
                 return u"%1 to %2"_s.arg(smallestValue(field)).arg(largestValue(field, *bits));
         }
     }
@@ -126,9 +127,9 @@ QString rangeHelp(const TagField &field)
 /// The heading of --help that a field stands under: the layouts that carry it.
 QString layoutHeading(const TagField &field)
 {
-    const bool continuous = tagBitsOf(field, TagLayout(1, 2)) != nullptr;
-    const bool nonContinuous = tagBitsOf(field, TagLayout(0, 2)) != nullptr;
-    const bool early = tagBitsOf(field, TagLayout(continuous ? 1 : 0, 0)) != nullptr;
+    const bool continuous = tagBitsOf(field, TagLayout(1, 2)).has_value();
+    const bool nonContinuous = tagBitsOf(field, TagLayout(0, 2)).has_value();
+    const bool early = tagBitsOf(field, TagLayout(continuous ? 1 : 0, 0)).has_value();
     QString heading = continuous && nonContinuous ? u"Fields of every tag"_s
                       : continuous                ? u"Fields of continuous media, format 1 or 2"_s
                                                   : u"Fields of any other format"_s;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "text/answer.h"
+#include "cli/answer.h"
 
 #include <QtCore/QRegularExpression>
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
-#include "session/sessionhelp.h"
+#include "cli/sessionhelp.h"
 
+#include "cli/answer.h"
 #include "session/methodcall.h"
 #include "session/sessionhost.h"
-#include "text/answer.h"
+#include "usekit.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
