@@ -6,6 +6,13 @@ function(zr_add_test name)
     add_executable(${name} ${name}.cpp ${arg_SOURCES})
     zr_target(${name})
     zr_reuse_headers(${name} test)
+    # A test's class is in its source, which includes what moc makes of it. AUTOMOC would scan and compile further files
+    # for each program.
+    set(moc ${CMAKE_CURRENT_BINARY_DIR}/moc)
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF)
+    qt6_generate_moc(${name}.cpp ${moc}/${name}.moc TARGET ${name})
+    target_sources(${name} PRIVATE ${moc}/${name}.moc)
+    target_include_directories(${name} PRIVATE ${moc})
     target_link_libraries(${name} PRIVATE ZrSupplyDatabase::ZrSupplyDatabase Qt6::Test ${arg_LIBRARIES} Qt6::Sql)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
     add_test(NAME ${name} COMMAND ${name})
