@@ -42,6 +42,8 @@ endfunction()
 function(zr_reuse_headers target set)
     if(TARGET zr_headers_${set} AND NOT target MATCHES "^zr_headers_")
         set_target_properties(${target} PROPERTIES PRECOMPILE_HEADERS_REUSE_FROM zr_headers_${set})
+        # The set is compiled so; programs and static libraries are not where Qt leaves the choice to the compiler.
+        target_compile_options(${target} PRIVATE -fPIC)
     endif()
 endfunction()
 
