@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 // The meta-object: its methods in their order, and nothing else. How they are called: tst_metacalls.cpp.
 
+#include "support/datatable.h"
 #include "support/metamethods.h"
 #include "support/signallog.h"
 
 #include <zrsupplydatabase.h>
 
-#include <QtCore/QFile>
 #include <QtCore/QSet>
 #include <QtTest/QTest>
 
@@ -30,18 +30,10 @@ struct Method
 
 QList<Method> readGoldenList()
 {
-    QFile file(QFINDTESTDATA("../data/metamethods.tsv"));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(file.fileName()));
-    QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
-    lines.removeFirst(); // headings
     QList<Method> list;
-    for (const QString &line : std::as_const(lines)) {
-        const QStringList columns = line.split(u'\t');
-        if (columns.size() != 6)
-            qFatal("a line without six columns: %s", qPrintable(line));
-        list.append({columns[0].toInt(), columns[1], columns[2], columns[3], columns[4],
-                     columns[5] == "-"_L1 ? QStringList() : columns[5].split(u", "_s)});
+    for (const QStringList &row : dataTable("metamethods.tsv", 6)) {
+        list.append({row[0].toInt(), row[1], row[2], row[3], row[4],
+                     row[5] == "-"_L1 ? QStringList() : row[5].split(u", "_s)});
     }
     return list;
 }

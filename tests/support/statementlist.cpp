@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LGPL-2.1-or-later
 #include "statementlist.h"
 
-#include <QtCore/QFile>
+#include "datatable.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -9,18 +9,9 @@ namespace {
 
 QList<Statement> readList()
 {
-    QFile file(QStringLiteral(ZR_SOURCE_DIR "/tests/data/statements.tsv"));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(file.fileName()));
-    QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
-    lines.removeFirst(); // headings
     QList<Statement> list;
-    for (const QString &line : std::as_const(lines)) {
-        const QStringList columns = line.split(u'\t');
-        if (columns.size() != 5)
-            qFatal("a line without five columns: %s", qPrintable(line));
-        list.append({columns[0], columns[1], columns[2].toInt(), columns[3], columns[4].split(u", "_s)});
-    }
+    for (const QStringList &row : dataTable("statements.tsv", 5))
+        list.append({row[0], row[1], row[2].toInt(), row[3], row[4].split(u", "_s)});
     return list;
 }
 
