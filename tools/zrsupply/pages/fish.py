@@ -17,7 +17,7 @@ function __@program@_words
             set taking no
         else if test $plain = no; and test "$word" = --
             set plain yes
-        else if test $plain = no; and string match -q -- '-?*' $word
+        else if test $plain = no; and string match -qr -- '^-.' $word
             contains -- $word $takes_value; and set taking yes
         else if test -z "$verb"; or contains -- "$verb" $groups
             set verb (string join ' ' $verb $word)
