@@ -10,6 +10,7 @@
 #include <sqlite3.h>
 
 #include <cstring>
+#include <mutex>
 
 namespace ZrSupplyGuard {
 
@@ -18,6 +19,14 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 thread_local bool wasOpened = false;
+
+/// SQLite registers an entry point once, so the trial that ends first would take it from another thread's.
+/// Never destroyed: the guard may be installed while the process ends.
+std::mutex &trialMutex()
+{
+    static auto *const only = new std::mutex;
+    return *only;
+}
 
 int noteOpened(sqlite3 *, char **, const void *)
 {
@@ -33,6 +42,7 @@ bool qtDriverIsInReach()
     // Qt loads drivers for an application alone.
     if (!QCoreApplication::instance() || !QSqlDatabase::isDriverAvailable(driver))
         return true;
+    const std::lock_guard lock(trialMutex());
     const auto entryPoint = reinterpret_cast<void (*)()>(noteOpened);
     if (sqlite3_auto_extension(entryPoint) != SQLITE_OK)
         return false;

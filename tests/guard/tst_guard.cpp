@@ -119,6 +119,7 @@ private Q_SLOTS:
     void uriIsRefused();
     void nothingIsKept();
     void threads();
+    void threadsThatInstall();
     void nothingIsMapped();
     void noConnectionIsHalfHardened();
 };
@@ -592,6 +593,25 @@ void TestGuard::threads()
     for (const auto &thread : threads)
         thread->wait();
     QCOMPARE(right.load(), int(threads.size()) * each);
+}
+
+/// One thread's trial of Qt's driver does not end that of another one.
+void TestGuard::threadsThatInstall()
+{
+    std::vector<std::unique_ptr<QThread>> threads;
+    std::atomic<int> installed = 0;
+    constexpr int each = 100;
+    for (int n = 0; n < 4; ++n) {
+        threads.emplace_back(QThread::create([&] {
+            for (int turn = 0; turn < each; ++turn)
+                installed += ZrSupplyGuard::install() ? 1 : 0;
+        }));
+        threads.back()->start();
+    }
+    for (const auto &thread : threads)
+        thread->wait();
+    ZrSupplyGuard::remove();
+    QCOMPARE(installed.load(), int(threads.size()) * each);
 }
 
 namespace {
