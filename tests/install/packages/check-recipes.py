@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: LGPL-2.1-or-later
 """Holds the recipes under packaging/ to the build: they set options that exist, leave none open that is on by default, and
-agree with the project's version and licence file. Whether they build is for those who have the build system.
+agree with the project's version and licence file. Whether they build is for those who have the build system. What the
+Debian packages need for their build is in the groups of scripts/bootstrap that scripts/package installs.
 
     check-recipes.py SOURCE_DIR
 """
@@ -15,6 +16,18 @@ RECIPES = ["packaging/debian/rules", "packaging/yocto/zrsupplydatabase_{version}
 # What CMake and its module CTest define.
 OF_CMAKE = {"BUILD_TESTING", "CMAKE_BUILD_RPATH_USE_ORIGIN", "CMAKE_SKIP_INSTALL_RPATH",
             "CMAKE_INSTALL_DOCDIR", "CMAKE_DISABLE_FIND_PACKAGE_CuteLogger"}
+
+
+def not_installed(root):
+    """The packages that packaging/debian/control needs for the build, less those that scripts/package installs."""
+    groups = dict(re.findall(r"^    (\w+)\) echo (.*?);;", (root / "scripts/bootstrap").read_text(), re.M | re.S))
+    called = re.search(r"^scripts/bootstrap (.+)$", (root / "scripts/package").read_text(), re.M)[1].split()
+    installed = {package for group in called for package in groups[group].split()}
+    control = (root / "packaging/debian/control").read_text()
+    field = re.search(r"^Build-Depends:((?:\n .*)+)", control, re.M)[1]
+    needed = {re.match(r"[a-z0-9.+-]+", item.strip())[0] for item in field.split(",") if item.strip()}
+    needed = {"debhelper" if package == "debhelper-compat" else package for package in needed}
+    return sorted(needed - installed)
 
 
 def main():
@@ -46,6 +59,8 @@ def main():
         for md5 in re.findall(r'file://LICENSE;md5=([^\s"]+)', text):
             if md5 != hashlib.md5((root / "LICENSE").read_bytes()).hexdigest():
                 wrong.append(f"{name} has the checksum {md5} for LICENSE; md5sum LICENSE tells the right one")
+    wrong += [f"scripts/bootstrap does not install {package}, which packaging/debian/control needs for the build"
+              for package in not_installed(root)]
     if wrong:
         raise SystemExit("\n".join(wrong))
     print(f"{len(RECIPES)} recipes, {len(options)} options")
