@@ -72,10 +72,12 @@ endif()
 # What static libraries are linked with is named openly: pkg-config --static would also name what a shared Qt is linked with,
 # whose development files are not there. A logger that is installed elsewhere is named by its folder.
 set(zr_pc_logger)
+set(zr_pc_nodelete)
 set(zr_pc_private "\nRequires.private:")
 if(zr_static)
     set(zr_pc_private ",")
     set(zr_pc_logger " -lCuteLogger")
+    set(zr_pc_nodelete " -Wl,-z,nodelete")
     if(CuteLogger_LIBRARY)
         cmake_path(GET CuteLogger_LIBRARY PARENT_PATH folder)
         string(PREPEND zr_pc_logger " -L${folder}")
