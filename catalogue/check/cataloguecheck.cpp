@@ -5,6 +5,7 @@
 #include <cataloguesql_p.h>
 #include <zrsupplyguard.h>
 
+#include <QtCore/QJsonArray>
 #include <QtSql/QSqlDatabase>
 
 namespace zrsupply {
