@@ -54,8 +54,9 @@ class ZRSUPPLYDATABASE_EXPORT ZrSupplyDatabase : public QObject
 public:
     /// Every member unset (see `init()`); opens nothing. Takes no parent: the host owns the object.
     ZrSupplyDatabase();
-    /// Removes the connection "SUPPLY_INFO_QT_SQL_CONNECTION_NAME", whichever name `setup()` was given. A static object
-    /// may outlive the application and Qt's registry of connections; the end of the registry has closed it then.
+    /// Removes the connection "SUPPLY_INFO_QT_SQL_CONNECTION_NAME", whichever name `setup()` was given. A static
+    /// object may outlive the application and Qt's registry of connections; the end of the registry has closed it
+    /// then.
     ~ZrSupplyDatabase() override;
 
     /// Sets the members to their unset values ("-1", -1, -1.0; language 0) and emits nothing. Each call appends two

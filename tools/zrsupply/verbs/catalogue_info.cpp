@@ -7,7 +7,6 @@
 #include "cli/commandline.h"
 #include "cli/output.h"
 
-
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <QtCore/QMap>
